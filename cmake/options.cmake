@@ -1,0 +1,11 @@
+# Warnings, sanitizers and the include root, as one interface that every target links.
+add_library(vireon_options INTERFACE)
+target_include_directories(vireon_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(vireon_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Werror)
+if(VIREON_SANITIZE)
+  target_compile_options(vireon_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vireon_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,16 @@
+# vireon_room(<library> <folder>...): one static library from all sources of the folders.
+# A library whose folders hold headers alone becomes an interface library.
+function(vireon_room library)
+  set(patterns "")
+  foreach(folder IN LISTS ARGN)
+    list(APPEND patterns ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+  if(sources)
+    add_library(${library} STATIC ${sources})
+    target_link_libraries(${library} PUBLIC vireon_options)
+  else()
+    add_library(${library} INTERFACE)
+    target_link_libraries(${library} INTERFACE vireon_options)
+  endif()
+endfunction()

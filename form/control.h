@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "form/color.h"
+#include "form/fault.h"
+
+namespace vireon::form {
+
+class Control;
+class ControlVisitor;
+
+using Handler = std::function<void()>;
+
+// Shows controls. The controls tell it what changed; it never outlives the form it shows.
+class ControlView {
+ public:
+  ControlView() = default;
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+  virtual ~ControlView() = default;
+
+  // A property of the control has a new value; show it when convenient.
+  virtual void changed(const Control& control) = 0;
+
+  // Show the control's present state before returning.
+  virtual void refresh(const Control& control) = 0;
+};
+
+// A window: owner of the list of its controls, and its caption.
+class Form {
+ public:
+  explicit Form(std::string caption) : caption_(std::move(caption)) {}
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  std::function<void()> onCaptionChanged;
+
+  // All controls in the order of their declaration; valid as long as the form.
+  const std::vector<Control*>& controls() const { return controls_; }
+
+  // Every later change of any control is told to `view`; null ends that.
+  void setView(ControlView* view);
+
+ private:
+  friend class Control;
+  std::string caption_;
+  std::vector<Control*> controls_;
+};
+
+// What all controls share. Texts are code page 1252, one byte one character.
+class Control {
+ public:
+  // `name` is the form name, an array element's followed by "_" and its index, e.g. "optFun_3".
+  Control(Form& form, std::string name);
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+
+  const std::string& name() const { return name_; }
+
+  bool visible() const { return visible_; }
+  void setVisible(bool visible) { assign(visible_, visible); }
+  bool enabled() const { return enabled_; }
+  void setEnabled(bool enabled) { assign(enabled_, enabled); }
+
+  // Shows the present state at once, without waiting for the window's next turn.
+  void refresh() const;
+
+  virtual void accept(ControlVisitor& visitor) = 0;
+
+ protected:
+  // Tells the view when the value is a new one; returns whether it is.
+  template <class T, class U>
+  bool assign(T& property, U&& value) {
+    if (property == value) {
+      return false;
+    }
+    property = std::forward<U>(value);
+    touch();
+    return true;
+  }
+  void touch() const;
+  static void raise(const Handler& handler) {
+    if (handler) {
+      handler();
+    }
+  }
+
+ private:
+  friend class Form;
+  std::string name_;
+  ControlView* view_ = nullptr;
+  bool visible_ = true;
+  bool enabled_ = true;
+};
+
+}  // namespace vireon::form

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "form/captioned.h"
+
+namespace vireon::form {
+
+// A text on the panel. A marker on a picture also has a place, in twips from the picture's origin.
+class Label : public Captioned {
+ public:
+  Label(Form& form, std::string name) : Captioned(form, std::move(name)) {}
+
+  int left() const { return left_; }
+  void setLeft(int twips) { assign(left_, twips); }
+  int top() const { return top_; }
+  void setTop(int twips) { assign(top_, twips); }
+
+  void accept(ControlVisitor& visitor) override;
+
+ private:
+  int left_ = 0;
+  int top_ = 0;
+};
+
+// A line of text that the user edits.
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string name) : Control(form, std::move(name)) {}
+
+  const std::string& text() const { return text_; }
+  // Raises onChange when the text is a new one.
+  void setText(std::string text);
+  bool readOnly() const { return readOnly_; }
+  void setReadOnly(bool readOnly) { assign(readOnly_, readOnly); }
+
+  // What a key press does before the box takes it; `character` is a code of code page 1252, 13 for Enter.
+  void keyPress(int character) const {
+    if (onKeyPress) {
+      onKeyPress(character);
+    }
+  }
+  // What a mouse button pressed on the box does.
+  void mouseDown() const { raise(onMouseDown); }
+
+  Handler onChange;
+  std::function<void(int)> onKeyPress;
+  Handler onMouseDown;
+
+  void accept(ControlVisitor& visitor) override;
+
+ private:
+  std::string text_;
+  bool readOnly_ = false;
+};
+
+// A list of which one item is shown.
+class ComboBox : public Control {
+ public:
+  ComboBox(Form& form, std::string name) : Control(form, std::move(name)) {}
+
+  const std::vector<std::string>& items() const { return items_; }
+  void addItem(std::string item);
+  // Empties the list; the position becomes -1, without an event.
+  void clear();
+
+  // Position of the shown item from 0, -1 when none is shown.
+  int listIndex() const { return listIndex_; }
+  // Raises onClick when the position is a new one. Faults (kPropertyValue) past the list or below -1.
+  void setListIndex(int index);
+  Handler onClick;
+
+  void accept(ControlVisitor& visitor) override;
+
+ private:
+  std::vector<std::string> items_;
+  int listIndex_ = -1;
+};
+
+}  // namespace vireon::form

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "form/control.h"
+
+namespace vireon::form {
+
+// How a column's texts stand in their cells.
+enum class Alignment { kLeft, kCenter };
+
+// A list grid; row 0 is the header row.
+class Grid : public Control {
+ public:
+  Grid(Form& form, std::string name) : Control(form, std::move(name)) {}
+
+  int rows() const { return rows_; }
+  // Keeps the cells of the rows that stay; new rows are empty. Faults (kPropertyValue) below 1.
+  void setRows(int rows);
+  int columns() const { return static_cast<int>(columns_.size()); }
+  // Changes the columns and empties all cells. Faults (kPropertyValue) below 1.
+  void setColumns(int columns);
+
+  // Faults (kBounds) outside the rows and columns.
+  const std::string& text(int row, int column) const;
+  void setText(int row, int column, std::string text);
+  // Empties every cell, the header row's too.
+  void clear();
+
+  // First row shown below the header. Faults (kPropertyValue) outside 1 to rows-1.
+  int topRow() const { return topRow_; }
+  void setTopRow(int row);
+
+  // Twips; 0 is the grid's default width.
+  int columnWidth(int column) const { return columns_[checkedColumn(column)].width; }
+  void setColumnWidth(int column, int twips);
+  Alignment columnAlignment(int column) const { return columns_[checkedColumn(column)].alignment; }
+  void setColumnAlignment(int column, Alignment alignment);
+
+  void accept(ControlVisitor& visitor) override;
+
+ private:
+  struct Column {
+    int width = 0;
+    Alignment alignment = Alignment::kLeft;
+  };
+
+  std::size_t checkedColumn(int column) const;
+  std::size_t cell(int row, int column) const;
+
+  int rows_ = 1;
+  int topRow_ = 1;
+  std::vector<Column> columns_{Column{}};
+  std::vector<std::string> cells_{""};
+};
+
+}  // namespace vireon::form

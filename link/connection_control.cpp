@@ -1,0 +1,108 @@
+#include "link/connection_control.h"
+
+#include "protocol/vocabulary.h"
+
+namespace vireon::link {
+
+ConnectionControl::ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
+                                     LinkPorts ports)
+    : form_(form),
+      state_(state),
+      link_(link),
+      messages_(ports.messages),
+      beeper_(ports.beeper),
+      apiUsb_(ports.hid, link, form.StatusBar1) {}
+
+bool ConnectionControl::transKcmd(std::string_view command) {
+  beeper_.beep();
+  if (!link_.linkBusy) {
+    return trans_usb(command);
+  }
+  link_.pendingCmd = command;
+  link_.cmdPending = true;
+  return true;
+}
+
+bool ConnectionControl::transUsbOnly(std::string_view command) {
+  if (link_.onUsb()) {
+    return trans_usb(command);
+  }
+  form_.StatusBar1.setPanel(1, "Works over USB only");
+  return true;
+}
+
+void ConnectionControl::usbFail() {
+  apiUsb_.closeDevice();
+  form_.cmdStart.setBackColor(form::kButtonFace);
+  form_.StatusBar1.setPanel(2, "Disconnected");
+  messages_.show({"Connection Error", "Device not detected...Please check USB cable & connector.",
+                  platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
+  stopSampling();
+  form_.cmdBttn[0].setBackColor(form::kButtonFace);
+  enableConnected(false);
+  lamps(form::kWhite, form::kWhite);
+}
+
+void ConnectionControl::cmdBttn_Click(int index) {
+  if (index == 1) {
+    release();
+    if (unloadForm) {
+      unloadForm();
+    }
+  } else if (connected()) {
+    disconnect();
+  } else {
+    connect();
+  }
+}
+
+void ConnectionControl::connect() {
+  apiUsb_.closeDevice();
+  if (!trans_usb(protocol::kQueryFunction) || (link_.onUsb() && !link_.usbOpen)) {
+    return;
+  }
+  form_.cmdBttn[0].setBackColor(form::kLightGreen);
+  enableConnected(true);
+  form_.StatusBar1.setPanel(2, "Connected");
+  if (form_.SSTab1.tab() == 1) {
+    trans_usb(protocol::kQueryParameters);
+  }
+}
+
+void ConnectionControl::disconnect() {
+  form_.cmdBttn[0].setBackColor(form::kButtonFace);
+  enableConnected(false);
+  stopSampling();
+  if (link_.onUsb()) {
+    trans_usb(protocol::kGoToLocal);
+    apiUsb_.closeDevice();
+  } else {
+    transKcmd(protocol::kGoToLocal);
+  }
+  form_.StatusBar1.setPanel(2, "Disconnected");
+}
+
+void ConnectionControl::release() {
+  if (link_.usbOpen) {
+    trans_usb(protocol::kGoToLocal);
+    apiUsb_.closeDevice();
+  }
+}
+
+void ConnectionControl::enableConnected(bool connected) {
+  form_.SSTab1.setEnabled(connected);
+  form_.cmdClock.setEnabled(connected);
+  form_.picMscope.setEnabled(connected);
+  form_.panDlog.setEnabled(connected);
+  form_.panScon.setEnabled(connected);
+  form_.cmdStart.setEnabled(connected);
+  form_.txtSTime.setEnabled(connected);
+}
+
+void ConnectionControl::stopSampling() {
+  form_.cmdStart.setCaption("Start");
+  form_.cmdStart.setBackColor(form::kButtonFace);
+  form_.tmrInt.setEnabled(false);
+}
+
+}  // namespace vireon::link

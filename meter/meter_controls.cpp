@@ -1,0 +1,132 @@
+#include "meter/meter_controls.h"
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "meter/panel_layouts.h"
+#include "protocol/vocabulary.h"
+
+namespace vireon::meter {
+namespace {
+
+constexpr const char* kHoldOn = "DHDon;STS??";
+constexpr const char* kHoldOff = "DHDof;STS??";
+
+std::string withoutTrailingBlanks(const std::string& text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+// "YY-MM-DD HH:MM:SS"
+std::string clockText(const platform::CalendarTime& time) {
+  std::array<char, 32> text{};
+  const auto two = [](int value) { return static_cast<unsigned>(value) % 100U; };
+  const int length =
+      std::snprintf(text.data(), text.size(), "%02u-%02u-%02u %02u:%02u:%02u", two(time.year),
+                    two(time.month), two(time.day), two(time.hour), two(time.minute), two(time.second));
+  return {text.data(), static_cast<std::size_t>(length)};
+}
+
+}  // namespace
+
+void MeterControls::connectEvents() {
+  form_.optFun.onEach(&form::OptionButton::onClick, [this](int index) { optFun_Click(index); });
+  form_.mrgUD.onEach(&form::Button::onClick, [this](int index) { mrgUD_Click(index); });
+  form_.cmdSet.onEach(&form::Button::onClick, [this](int index) { cmdSet_Click(index); });
+  form_.cmbDmod.onClick = [this] { cmbDmod_Click(); };
+  form_.cmbFun.onClick = [this] { cmbFun_Click(); };
+  form_.chkDmAt.onClick = [this] { chkDmAt_Click(); };
+  form_.chkHold.onClick = [this] { chkHold_Click(); };
+  form_.chkMhld.onClick = [this] { chkMhld_Click(); };
+  form_.cmdSetup.onClick = [this] { cmdSetup_Click(); };
+  form_.cmdClock.onClick = [this] { cmdClock_Click(); };
+}
+
+void MeterControls::clearTrend() {
+  form_.picTrd.cls();
+  form_.barTrd.setValue(0);
+}
+
+void MeterControls::optFun_Click(int index) {
+  if (trendPlot()) {
+    clearTrend();
+  }
+  if (state_.logEnd) {
+    form_.cmdLoad[1].setEnabled(true);
+  }
+  if (form_.chkMld.value() != 1 && !state_.uiBusy) {
+    link_.transUsbOnly("DFN" + std::to_string(form_.cmbDmod.listIndex() + 1) + std::to_string(index) +
+                       ";DFN??;DPS??");
+  }
+}
+
+void MeterControls::cmbDmod_Click() {
+  if (state_.uiBusy) {
+    return;
+  }
+  const int mode = form_.cmbDmod.listIndex();
+  const bool sent = link_.transUsbOnly("DFN" + std::to_string(mode + 1) +
+                                       std::to_string(form_.optFun.selected()) + ";DFN??");
+  if (sent && link_.transUsbOnly(protocol::kQueryParameters)) {
+    setSubPan(form_, mode);
+  }
+}
+
+void MeterControls::cmbFun_Click() {
+  if (state_.uiBusy || form_.chkMld.value() == 1) {
+    return;
+  }
+  std::string function = protocol::hexArgument(form_.cmbFun.listIndex());
+  link_.transKcmd("DFN0" + function.substr(function.front() == '0' ? 1 : 0) + ";DFN??;VDA??;VDB??");
+}
+
+void MeterControls::mrgUD_Click(int index) {
+  const char* const actions[] = {"dn", "up", "at"};
+  link_.transUsbOnly("DRG" + std::string(actions[index]) + ";DRG??");
+}
+
+void MeterControls::chkDmAt_Click() {
+  if (trendPlot()) {
+    clearTrend();
+  }
+  if (!state_.uiBusy) {
+    link_.transUsbOnly(form_.chkDmAt.value() == 1 ? "DRGat;DRG??" : "DRGmn;DRG??");
+  }
+}
+
+void MeterControls::chkHold_Click() {
+  if (!state_.uiBusy) {
+    link_.transUsbOnly(form_.chkHold.value() == 1 ? kHoldOn : kHoldOff);
+  }
+}
+
+void MeterControls::chkMhld_Click() {
+  if (!state_.uiBusy) {
+    link_.transKcmd(form_.chkMhld.value() == 1 ? kHoldOn : kHoldOff);
+  }
+}
+
+void MeterControls::cmdSetup_Click() {
+  form_.picSwin[1].setVisible(false);
+  form_.picSet.setVisible(true);
+  link_.transUsbOnly(protocol::kQueryParameters);
+}
+
+void MeterControls::cmdSet_Click(int index) {
+  if (index == 1) {
+    form_.picSet.setVisible(false);
+    form_.picSwin[1].setVisible(true);
+    return;
+  }
+  std::string command = "DPS" + withoutTrailingBlanks(form_.txtSet[0].text());
+  if (form_.txtSet[1].visible()) {
+    command += "," + withoutTrailingBlanks(form_.txtSet[1].text());
+  }
+  link_.transUsbOnly(command);
+}
+
+void MeterControls::cmdClock_Click() {
+  link_.transKcmd("SCK" + clockText(clock_.now()));
+}
+
+}  // namespace vireon::meter

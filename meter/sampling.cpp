@@ -1,0 +1,109 @@
+#include "meter/sampling.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "protocol/reply_text.h"
+#include "protocol/vocabulary.h"
+
+namespace vireon::meter {
+namespace {
+
+// Seconds; a text that reads as no finite number is 0. A decimal comma counts as a point.
+double secondsOf(std::string text) {
+  std::replace(text.begin(), text.end(), ',', '.');
+  const std::string_view digits = protocol::trimmed(text);
+  double value = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  const bool wholeText = end == digits.data() + digits.size();
+  return error == std::errc() && wholeText && std::isfinite(value) ? value : 0;
+}
+
+}  // namespace
+
+void Sampling::connectEvents() {
+  form_.cmdStart.onClick = [this] { cmdStart_Click(); };
+  form_.txtSTime.onKeyPress = [this](int character) { txtSTime_KeyPress(character); };
+  form_.txtSTime.onChange = [this] { txtSTime_Change(); };
+  form_.tmrInt.onTimer = [this] { tmrInt_Timer(); };
+}
+
+void Sampling::cmdStart_Click() {
+  if (form_.cmdStart.caption() == "Start") {
+    start();
+  } else if (form_.chkLog1.caption() != "Stop") {
+    form_.cmdStart.setCaption("Start");
+    form_.cmdStart.setBackColor(form::kButtonFace);
+    form_.tmrInt.setEnabled(false);
+  }
+}
+
+double Sampling::samplingTime() {
+  double seconds = secondsOf(form_.txtSTime.text());
+  if (seconds < kShortest) {
+    form_.txtSTime.setText("0.001");
+    seconds = kShortest;
+  } else if (seconds > kLongest) {
+    form_.txtSTime.setText("86400");
+    seconds = kLongest;
+  }
+  return seconds;
+}
+
+void Sampling::start() {
+  const double seconds = samplingTime();
+  timeInForce_ = form_.txtSTime.text();
+  form_.cmdStart.setCaption("Stop");
+  form_.cmdStart.setBackColor(form::kLightGreen);
+  form_.tmrInt.setInterval(static_cast<int>(std::nearbyint(seconds * 1000)));
+  form_.tmrInt.setEnabled(true);
+  if (protocol::trimmed(state_.modelId) == protocol::kMeterModel &&
+      !link_.transUsbOnly(protocol::kQueryFunctionText)) {
+    return;
+  }
+  form_.chkMhld.setValue(0);
+  form_.chkMld.setValue(0);
+}
+
+void Sampling::txtSTime_KeyPress(int character) {
+  if (character == 13) {
+    cmdStart_Click();
+  }
+}
+
+void Sampling::txtSTime_Change() {
+  if (form_.cmdStart.caption() == "Stop") {
+    form_.txtSTime.setText(timeInForce_);
+  }
+}
+
+void Sampling::tmrInt_Timer() {
+  if (form_.chkMld.value() == 1 || !linkState_.onUsb()) {
+    return;
+  }
+  std::string command;
+  if (form_.SSTab1.tab() == 0) {
+    command = protocol::kPollWaveform;
+  } else if (form_.SSTab1.tab() == 1) {
+    command = form_.picSwin[1].visible() ? protocol::kPollReadingAndResults : protocol::kPollReading;
+    if (form_.chkLog1.caption() == "Stop") {
+      command += protocol::kAlsoStatus;
+    }
+  } else {
+    return;
+  }
+  if (link_.trans_usb(command) && state_.memFull) {
+    fetchWaitingRecord();
+  }
+}
+
+void Sampling::fetchWaitingRecord() {
+  state_.memFull = false;
+  if (link_.trans_usb(protocol::kPollRecord) && state_.logEnd) {
+    form_.grdLog.setText(state_.logRow, 1, "--EOD--");
+    form_.cmdLoad[1].setEnabled(true);
+  }
+}
+
+}  // namespace vireon::meter

@@ -1,0 +1,138 @@
+#include <algorithm>
+#include <cmath>
+
+#include "protocol/reply_interpreter.h"
+#include "protocol/reply_text.h"
+
+namespace vireon::protocol {
+namespace {
+
+constexpr int kLastTrendPoint = 119;  // completes a run of 120 points
+constexpr int kTrendMode = 5;         // mode digit of "dfn"
+
+int trendX(int point) {
+  return 750 + 30 * point;
+}
+
+int trendY(const TrendPoint& point) {
+  return 1260 - static_cast<int>(std::lround(30.0 * numberOf(point)));
+}
+
+}  // namespace
+
+void ReplyInterpreter::drt(std::string_view item, int /*byte*/) {
+  if (form_.panTrd.visible()) {
+    trendPoint(item);
+  } else {
+    loggerRecord(item);
+  }
+}
+
+void ReplyInterpreter::trendPoint(std::string_view item) {
+  state_.trdCnt = decimalValue(slice(item, 5, 7));
+  form_.barTrd.setValue(state_.trdCnt);
+  const auto point = static_cast<std::size_t>(state_.trdCnt);
+  state_.trdBuf[point] = "&H" + std::string(slice(item, 9, 10));
+  if (state_.trdCnt != 0) {
+    form_.picTrd.line(trendX(state_.trdCnt - 1), trendY(state_.trdBuf[point - 1]), trendX(state_.trdCnt),
+                      trendY(state_.trdBuf[point]), form::kRed);
+  }
+  if (state_.trdCnt == kLastTrendPoint && effects.saveTrd) {
+    effects.saveTrd();
+  }
+}
+
+void ReplyInterpreter::loggerRecord(std::string_view item) {
+  form::Grid& grid = form_.grdLog;
+  grid.setText(state_.logRow, 0, std::string(slice(item, 5, 9)));
+  grid.setText(state_.logRow, 1, std::string(slice(item, 10, 17)));
+  grid.setText(state_.logRow, 2, std::string(slice(item, 18, 25)));
+  if (state_.logRow > 10) {
+    grid.setRows(state_.logRow + 3);
+    grid.setTopRow(std::min(grid.topRow() + 1, grid.rows() - 1));
+  }
+  ++state_.logRow;
+}
+
+void ReplyInterpreter::dfn(std::string_view item, int byte) {
+  const int function = byte & 15;
+  form_.cmbFun.setListIndex(function);
+  state_.ohmBz = function == 2 || function == 3;
+  form_.posDV[1].setVisible(!state_.ohmBz);
+  form_.lblSinf[1].setVisible(!state_.ohmBz);
+  form_.optFun[decimalValue(slice(item, 6, 6))].setValue(true);
+  const int mode = decimalValue(slice(item, 5, 5));
+  if (mode == 0) {
+    showTab(0);
+    return;
+  }
+  showTab(1);
+  form_.cmbDmod.setListIndex(mode - 1);
+  if (effects.setSubPan) {
+    effects.setSubPan(mode - 1);
+  }
+  if (mode == kTrendMode) {
+    enterTrendMode();
+  } else {
+    enterListMode();
+  }
+  form_.chkLog1.setCaption("Start");
+  form_.chkLog1.setBackColor(form::kButtonFace);
+}
+
+void ReplyInterpreter::showTab(int tab) {
+  if (form_.SSTab1.tab() != tab) {
+    form_.SSTab1.setTab(tab);
+    if (effects.setTabPan) {
+      effects.setTabPan();
+    }
+  }
+}
+
+void ReplyInterpreter::enterTrendMode() {
+  form_.panTrd.setVisible(true);
+  form_.grdLog.setVisible(false);
+  form_.lblDttl.setCaption(" TREND PLOT ");
+  form_.optFmt[0].setVisible(false);
+  form_.optFmt[1].setVisible(false);
+  form_.cmdLprt.setCaption("Clr");
+  form_.picTrd.cls();
+  form_.barTrd.setValue(0);
+}
+
+void ReplyInterpreter::enterListMode() {
+  form_.panTrd.setVisible(false);
+  form_.grdLog.setVisible(true);
+  form_.lblDttl.setCaption(" DATA LOGGER ");
+  form_.optFmt[0].setVisible(true);
+  form_.optFmt[1].setVisible(true);
+  form_.cmdLprt.setCaption("Print");
+  state_.logRow = 1;
+  state_.logEnd = false;
+}
+
+void ReplyInterpreter::loggingStatus(int byte) {
+  form::CheckBox& record = form_.chkLog1;
+  if ((byte & 16) != 0) {
+    if (record.caption() != "Stop") {
+      record.setCaption("Stop");
+      record.setBackColor(form::kYellow);
+    }
+  } else {
+    if (record.caption() == "Stop") {
+      form_.grdLog.setText(state_.logRow, 1, "--EOD---");
+      if (state_.logEnd) {
+        form_.cmdLoad[1].setEnabled(true);
+      }
+      state_.logEnd = true;
+      beeper_.beep();
+    }
+    record.setCaption("Start");
+    record.setBackColor(form::kButtonFace);
+  }
+  if ((byte & 64) != 0) {
+    state_.memFull = true;
+  }
+}
+
+}  // namespace vireon::protocol

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vireon::protocol {
+
+// Characters `first` to `last` of an item, counted from 1; what lies past its end is missing.
+std::string_view slice(std::string_view item, std::size_t first, std::size_t last);
+
+// One or two hexadecimal digits of either case as 0 to 255. Faults (kConversion) on anything else.
+int hexValue(std::string_view digits);
+
+// Decimal digits with an optional sign and blanks around them. Faults (kConversion) on anything else
+// and beyond the range of 16 bits.
+int decimalValue(std::string_view text);
+
+// Without the blanks at both ends.
+std::string_view trimmed(std::string_view text);
+
+}  // namespace vireon::protocol
