@@ -30,6 +30,13 @@ void MainForm::startFrame() {
 void MainForm::startScope() {
   posDV[0].setForeColor(kRed);
   posDV[1].setForeColor(kGreen);
+  posT.setForeColor(kWhite);
+  markT.setForeColor(kWhite);
+  lblSinf[0].setForeColor(kRed);
+  lblSinf[1].setForeColor(kGreen);
+  for (int setting = 2; setting < lblSinf.size(); ++setting) {
+    lblSinf[setting].setForeColor(kWhite);
+  }
   for (Label& marker : posDV) {
     marker.setTop(kMarkerMid);
   }

@@ -38,8 +38,7 @@ void ConnectionControl::usbFail() {
   messages_.show({"Connection Error", "Device not detected...Please check USB cable & connector.",
                   platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
   stopSampling();
-  form_.cmdBttn[0].setBackColor(form::kButtonFace);
-  enableConnected(false);
+  showConnected(false);
   lamps(form::kWhite, form::kWhite);
 }
 
@@ -61,8 +60,7 @@ void ConnectionControl::connect() {
   if (!trans_usb(protocol::kQueryFunction) || (link_.onUsb() && !link_.usbOpen)) {
     return;
   }
-  form_.cmdBttn[0].setBackColor(form::kLightGreen);
-  enableConnected(true);
+  showConnected(true);
   form_.StatusBar1.setPanel(2, "Connected");
   if (form_.SSTab1.tab() == 1) {
     trans_usb(protocol::kQueryParameters);
@@ -70,8 +68,7 @@ void ConnectionControl::connect() {
 }
 
 void ConnectionControl::disconnect() {
-  form_.cmdBttn[0].setBackColor(form::kButtonFace);
-  enableConnected(false);
+  showConnected(false);
   stopSampling();
   if (link_.onUsb()) {
     trans_usb(protocol::kGoToLocal);
@@ -89,7 +86,9 @@ void ConnectionControl::release() {
   }
 }
 
-void ConnectionControl::enableConnected(bool connected) {
+void ConnectionControl::showConnected(bool connected) {
+  form_.cmdBttn[0].setBackColor(connected ? form::kLightGreen : form::kButtonFace);
+  form_.cmdBttn[0].setCaption(connected ? "Disconnect" : "Connect");
   form_.SSTab1.setEnabled(connected);
   form_.cmdClock.setEnabled(connected);
   form_.picMscope.setEnabled(connected);

@@ -56,8 +56,9 @@ class ConnectionControl {
   // Takes leave of an open USB device and closes it; returns at once when none is open.
   void release();
 
-  // The controls that work only while connected, enabled or not; the window starts disconnected.
-  void enableConnected(bool connected);
+  // Marks the connect button and enables or disables the controls that work only while connected; the
+  // window starts disconnected.
+  void showConnected(bool connected);
 
   bool connected() const { return form_.cmdBttn[0].backColor() == form::kLightGreen; }
 

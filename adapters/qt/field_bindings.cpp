@@ -1,0 +1,100 @@
+#include "adapters/qt/field_bindings.h"
+
+#include <QEvent>
+#include <QSignalBlocker>
+#include <QVariant>
+
+#include "adapters/qt/colors.h"
+#include "adapters/qt/text.h"
+
+namespace vireon::adapters {
+
+LabelBinding::LabelBinding(const form::Label& control, QLabel& widget)
+    : Binding(&widget), control_(control), label_(widget) {}
+
+void LabelBinding::show() {
+  const QString caption = shown(control_.caption());
+  if (label_.text() != caption) {
+    label_.setText(caption);
+  }
+  if (foreColor_ != control_.foreColor()) {
+    foreColor_ = control_.foreColor();
+    paint(label_, QPalette::WindowText, foreColor_);
+  }
+  if (label_.dynamicPropertyNames().contains("placed")) {
+    if (const auto* picture = qobject_cast<const PictureView*>(label_.parentWidget())) {
+      place(*picture);
+    }
+  }
+}
+
+void LabelBinding::place(const PictureView& picture) {
+  const QPoint corner = picture.fromTwips(control_.left(), control_.top()).toPoint();
+  const bool sideways = label_.property("placed").toString().startsWith(QLatin1Char('x'));
+  label_.move(sideways ? corner.x() : label_.x(), corner.y());
+}
+
+TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget)
+    : Binding(&widget), control_(control), edit_(widget) {
+  connect(&widget, &QLineEdit::textEdited, this, [this](const QString& text) {
+    control_.setText(typed(text));
+    show();
+  });
+  connect(&widget, &QLineEdit::returnPressed, this, [this] { control_.keyPress('\r'); });
+  widget.installEventFilter(this);
+}
+
+void TextBoxBinding::show() {
+  const QString text = shown(control_.text());
+  if (edit_.text() != text) {
+    edit_.setText(text);
+  }
+  edit_.setReadOnly(control_.readOnly());
+}
+
+bool TextBoxBinding::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonPress && edit_.isEnabled()) {
+    control_.mouseDown();
+  }
+  return QObject::eventFilter(object, event);
+}
+
+ComboBoxBinding::ComboBoxBinding(form::ComboBox& control, QComboBox& widget)
+    : Binding(&widget), control_(control), combo_(widget) {
+  QObject::connect(&widget, &QComboBox::activated, &widget,
+                   [&control](int index) { control.setListIndex(index); });
+}
+
+void ComboBoxBinding::show() {
+  const QSignalBlocker blocker(combo_);
+  const auto& items = control_.items();
+  if (combo_.count() != static_cast<int>(items.size())) {
+    combo_.clear();
+    for (const std::string& item : items) {
+      combo_.addItem(shown(item));
+    }
+  }
+  combo_.setCurrentIndex(control_.listIndex());
+}
+
+SliderBinding::SliderBinding(form::Slider& control, QSlider& widget)
+    : Binding(&widget), control_(control), slider_(widget) {
+  QObject::connect(&widget, &QSlider::valueChanged, &widget, [&control, &widget](int value) {
+    if (!widget.isSliderDown()) {
+      control.setValue(value);
+    }
+  });
+  QObject::connect(&widget, &QSlider::sliderReleased, &widget,
+                   [&control, &widget] { control.setValue(widget.value()); });
+}
+
+void SliderBinding::show() {
+  if (slider_.isSliderDown()) {
+    return;
+  }
+  const QSignalBlocker blocker(slider_);
+  slider_.setRange(control_.minimum(), control_.maximum());
+  slider_.setValue(control_.value());
+}
+
+}  // namespace vireon::adapters

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+
+#include "adapters/qt/binding.h"
+#include "adapters/qt/picture_view.h"
+#include "form/fields.h"
+#include "form/ranges.h"
+
+namespace vireon::adapters {
+
+// A label; one with the dynamic property "placed" ("y" or "xy") stands on its picture where the control says.
+class LabelBinding : public Binding {
+ public:
+  LabelBinding(const form::Label& control, QLabel& widget);
+  void show() override;
+
+ private:
+  void place(const PictureView& picture);
+
+  const form::Label& control_;
+  QLabel& label_;
+  form::Color foreColor_ = form::kButtonText;
+};
+
+class TextBoxBinding : public QObject, public Binding {
+ public:
+  TextBoxBinding(form::TextBox& control, QLineEdit& widget);
+  void show() override;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  form::TextBox& control_;
+  QLineEdit& edit_;
+};
+
+class ComboBoxBinding : public Binding {
+ public:
+  ComboBoxBinding(form::ComboBox& control, QComboBox& widget);
+  void show() override;
+
+ private:
+  form::ComboBox& control_;
+  QComboBox& combo_;
+};
+
+// A slider; the control learns of a drag when it is complete, of keys and wheel at once.
+class SliderBinding : public Binding {
+ public:
+  SliderBinding(form::Slider& control, QSlider& widget);
+  void show() override;
+
+ private:
+  form::Slider& control_;
+  QSlider& slider_;
+};
+
+}  // namespace vireon::adapters

@@ -1,0 +1,147 @@
+#include "adapters/qt/main_window.h"
+
+#include <QCloseEvent>
+#include <QEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QTimer>
+#include <QWindow>
+#include <algorithm>
+
+#include "adapters/qt/colors.h"
+#include "adapters/qt/text.h"
+#include "ui_main_window.h"
+
+namespace vireon::adapters {
+namespace {
+
+constexpr int kPanelWidth = 720;  // of the form file, pixels at 96 dpi
+constexpr int kPanelHeight = 352;
+constexpr double kFontHeight = 11.0;  // pixels at 96 dpi
+constexpr int kTwipsPerInch = 1440;
+
+struct Lettering {
+  const char* name;
+  double scale;
+  bool bold;
+};
+
+// The widgets whose letters differ from the panel's.
+constexpr Lettering kLetterings[] = {
+    {"dmmMrdg", 5.0, true}, {"dmmMrge", 2.6, true}, {"lblDmm", 2.0, true},  {"lblVd_0", 1.2, true},
+    {"lblVd_1", 1.2, true}, {"lblHd", 1.2, true},   {"posDV_0", 0.9, true}, {"posDV_1", 0.9, true},
+    {"posT", 0.9, true},    {"markT", 0.9, true},
+};
+
+// Panels that stay dark like the instrument's screen, in every palette.
+constexpr const char* kScreens[] = {"settingsLine", "readingDisplay", "lblDmm",
+                                    "lblVd_0",      "lblVd_1",        "lblHd"};
+
+}  // namespace
+
+MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form) {
+  Ui::frmMain ui;
+  ui.setupUi(this);
+  dress();
+  remember();
+  binder_ = std::make_unique<ControlBinder>(form, *this, gate);
+  setWindowTitle(shown(form.caption()));
+  form.onCaptionChanged = [this] { setWindowTitle(shown(form_.caption())); };
+  snapToSize();
+  scalePanel();
+}
+
+MainWindow::~MainWindow() {
+  form_.onCaptionChanged = nullptr;
+}
+
+void MainWindow::dress() {
+  for (const char* name : kScreens) {
+    auto* screen = findChild<QWidget*>(QLatin1String(name));
+    QPalette palette = screen->palette();
+    palette.setColor(QPalette::Window, Qt::black);
+    palette.setColor(QPalette::WindowText, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::gray);
+    screen->setPalette(palette);
+    screen->setAutoFillBackground(true);
+  }
+}
+
+void MainWindow::remember() {
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    if (widget->objectName().isEmpty() || widget->objectName().startsWith(QLatin1String("qt_"))) {
+      continue;
+    }
+    const auto* lettering =
+        std::find_if(std::begin(kLetterings), std::end(kLetterings),
+                     [&](const auto& entry) { return widget->objectName() == QLatin1String(entry.name); });
+    const bool own = lettering != std::end(kLetterings);
+    placed_.push_back({widget, widget->geometry(), own ? lettering->scale : 0.0, own && lettering->bold});
+  }
+}
+
+void MainWindow::snapToSize() {
+  const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+  const double dpi = screen()->logicalDotsPerInchX();
+  const QSize outer(qRound(kOuterWidth * dpi / kTwipsPerInch), qRound(kOuterHeight * dpi / kTwipsPerInch));
+  const QSize inner = outer.shrunkBy(frame);
+  if (size() != inner) {
+    resize(inner);
+  }
+}
+
+void MainWindow::scalePanel() {
+  const double scaleX = width() / static_cast<double>(kPanelWidth);
+  const double scaleY = height() / static_cast<double>(kPanelHeight);
+  const double letterHeight = kFontHeight * std::min(scaleX, scaleY);
+  QFont letters = font();
+  letters.setPixelSize(std::max(6, static_cast<int>(letterHeight)));
+  setFont(letters);
+  for (const Placed& placed : placed_) {
+    const QRect& at = placed.geometry;
+    const QPoint corner(qRound(at.x() * scaleX), qRound(at.y() * scaleY));
+    const QPoint opposite(qRound((at.x() + at.width()) * scaleX), qRound((at.y() + at.height()) * scaleY));
+    placed.widget->setGeometry(QRect(corner, QSize(opposite.x() - corner.x(), opposite.y() - corner.y())));
+    if (placed.fontScale > 0) {
+      QFont own = letters;
+      own.setPixelSize(std::max(6, static_cast<int>(letterHeight * placed.fontScale)));
+      own.setBold(placed.bold);
+      placed.widget->setFont(own);
+    }
+  }
+  if (binder_ != nullptr) {
+    binder_->showAll();
+  }
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (isVisible() && !isMaximized() && !isMinimized() && !isFullScreen()) {
+    QTimer::singleShot(0, this, &MainWindow::snapToSize);
+  }
+  scalePanel();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  QTimer::singleShot(0, this, &MainWindow::snapToSize);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange && windowState() == Qt::WindowNoState) {
+    QTimer::singleShot(0, this, &MainWindow::snapToSize);
+  }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!unloaded_) {
+    unloaded_ = true;
+    if (onUnload) {
+      onUnload();
+    }
+  }
+  event->accept();
+}
+
+}  // namespace vireon::adapters

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "adapters/qt/control_binder.h"
+#include "adapters/qt/modal_gate.h"
+#include "form/main_form.h"
+
+namespace vireon::adapters {
+
+// The main window: shows a MainForm and scales its panel with the screen's resolution and its own size.
+class MainWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr int kOuterWidth = 10960;  // twips, with the frame
+  static constexpr int kOuterHeight = 5790;
+
+  // `form` and `gate` outlive the window.
+  MainWindow(form::MainForm& form, const ModalGate& gate);
+  ~MainWindow() override;
+
+  // Called once when the window is about to close.
+  std::function<void()> onUnload;
+
+  ControlBinder& binder() { return *binder_; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  struct Placed {
+    QWidget* widget;
+    QRect geometry;    // in the form file, at 96 dpi
+    double fontScale;  // of the panel's font; 0 for a widget that inherits it
+    bool bold;
+  };
+
+  void dress();
+  void remember();
+  void snapToSize();
+  void scalePanel();
+
+  form::MainForm& form_;
+  std::vector<Placed> placed_;
+  std::unique_ptr<ControlBinder> binder_;
+  bool unloaded_ = false;
+};
+
+}  // namespace vireon::adapters

@@ -1,0 +1,100 @@
+#include "adapters/qt/panel_bindings.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QSignalBlocker>
+
+#include "adapters/qt/picture_view.h"
+#include "adapters/qt/text.h"
+
+namespace vireon::adapters {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;       // at 96 dpi
+constexpr int kDefaultColumnWidth = 75;  // pixels
+
+}  // namespace
+
+PictureBoxBinding::PictureBoxBinding(const form::PictureBox& control, QWidget& widget) : Binding(&widget) {
+  if (auto* picture = qobject_cast<PictureView*>(&widget)) {
+    picture->setPicture(control);
+  }
+}
+
+void PictureBoxBinding::show() {
+  if (qobject_cast<PictureView*>(widget()) != nullptr) {
+    widget()->update();
+  }
+}
+
+void ProgressBarBinding::show() {
+  bar_.setRange(control_.minimum(), control_.maximum());
+  bar_.setValue(control_.value());
+}
+
+TabControlBinding::TabControlBinding(form::TabControl& control, QTabBar& widget)
+    : Binding(&widget), control_(control), tabs_(widget) {
+  widget.setDrawBase(false);
+  widget.setExpanding(false);
+  QObject::connect(&widget, &QTabBar::currentChanged, &widget, [&control](int tab) {
+    if (tab >= 0) {
+      control.setTab(tab);
+    }
+  });
+}
+
+void TabControlBinding::show() {
+  const QSignalBlocker blocker(tabs_);
+  while (tabs_.count() > control_.tabs()) {
+    tabs_.removeTab(tabs_.count() - 1);
+  }
+  while (tabs_.count() < control_.tabs()) {
+    tabs_.addTab(QString());
+  }
+  for (int tab = 0; tab < control_.tabs(); ++tab) {
+    tabs_.setTabText(tab, shown(control_.captions()[static_cast<std::size_t>(tab)]));
+  }
+  tabs_.setCurrentIndex(control_.tab());
+}
+
+StatusBarBinding::StatusBarBinding(const form::StatusBar& control, QWidget& widget)
+    : Binding(&widget), control_(control) {
+  for (int panel = 1; panel <= form::StatusBar::kPanels; ++panel) {
+    labels_.at(static_cast<std::size_t>(panel - 1)) =
+        widget.findChild<QLabel*>(shown(control.name() + "_" + std::to_string(panel)));
+  }
+}
+
+void StatusBarBinding::show() {
+  for (int panel = 1; panel <= form::StatusBar::kPanels; ++panel) {
+    if (QLabel* const label = labels_.at(static_cast<std::size_t>(panel - 1))) {
+      label->setText(shown(control_.panel(panel)));
+      if (!control_.toolTip(panel).empty()) {
+        label->setToolTip(shown(control_.toolTip(panel)));
+      }
+    }
+  }
+}
+
+GridBinding::GridBinding(const form::Grid& control, QTableView& widget)
+    : Binding(&widget), control_(control), table_(widget), model_(control, nullptr) {
+  widget.setModel(&model_);
+  widget.verticalHeader()->hide();
+  widget.horizontalHeader()->setHighlightSections(false);
+}
+
+void GridBinding::show() {
+  model_.follow();
+  const double scale = table_.width() / 324.0;
+  for (int column = 0; column < control_.columns(); ++column) {
+    const int twips = control_.columnWidth(column);
+    const int pixels = twips == 0 ? kDefaultColumnWidth : twips / kTwipsPerPixel;
+    table_.setColumnWidth(column, static_cast<int>(pixels * scale));
+  }
+  if (topRow_ != control_.topRow()) {
+    topRow_ = control_.topRow();
+    table_.scrollTo(model_.index(topRow_ - 1, 0), QAbstractItemView::PositionAtTop);
+  }
+}
+
+}  // namespace vireon::adapters

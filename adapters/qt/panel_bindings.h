@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QProgressBar>
+#include <QTabBar>
+#include <QTableView>
+#include <array>
+
+#include "adapters/qt/binding.h"
+#include "adapters/qt/grid_model.h"
+#include "adapters/qt/lamp.h"
+#include "form/picture_box.h"
+#include "form/ranges.h"
+#include "form/status_bar.h"
+#include "form/tab_control.h"
+
+class QLabel;
+
+namespace vireon::adapters {
+
+// A panel, or a picture when the widget is a PictureView.
+class PictureBoxBinding : public Binding {
+ public:
+  PictureBoxBinding(const form::PictureBox& control, QWidget& widget);
+  void show() override;
+};
+
+class ShapeBinding : public Binding {
+ public:
+  ShapeBinding(const form::Shape& control, Lamp& widget)
+      : Binding(&widget), control_(control), lamp_(widget) {}
+  void show() override { lamp_.setColor(control_.fillColor()); }
+
+ private:
+  const form::Shape& control_;
+  Lamp& lamp_;
+};
+
+class ProgressBarBinding : public Binding {
+ public:
+  ProgressBarBinding(const form::ProgressBar& control, QProgressBar& widget)
+      : Binding(&widget), control_(control), bar_(widget) {}
+  void show() override;
+
+ private:
+  const form::ProgressBar& control_;
+  QProgressBar& bar_;
+};
+
+class TabControlBinding : public Binding {
+ public:
+  TabControlBinding(form::TabControl& control, QTabBar& widget);
+  void show() override;
+
+ private:
+  form::TabControl& control_;
+  QTabBar& tabs_;
+};
+
+// Panel N of the status bar is the child label named like the bar with "_N".
+class StatusBarBinding : public Binding {
+ public:
+  StatusBarBinding(const form::StatusBar& control, QWidget& widget);
+  void show() override;
+
+ private:
+  const form::StatusBar& control_;
+  std::array<QLabel*, form::StatusBar::kPanels> labels_{};
+};
+
+class GridBinding : public Binding {
+ public:
+  GridBinding(const form::Grid& control, QTableView& widget);
+  void show() override;
+
+ private:
+  const form::Grid& control_;
+  QTableView& table_;
+  GridModel model_;
+  int topRow_ = 1;
+};
+
+}  // namespace vireon::adapters

@@ -1,0 +1,104 @@
+#include "adapters/qt/picture_view.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QVariant>
+
+#include "adapters/qt/colors.h"
+
+namespace vireon::adapters {
+namespace {
+
+// The graticule, in twips: 10 by 8 divisions centred on the middle of the traces.
+constexpr int kLeft = 510;
+constexpr int kTop = 10;
+constexpr int kDivisionWidth = 372;
+constexpr int kDivisionHeight = 420;
+constexpr int kColumns = 10;
+constexpr int kRows = 8;
+
+const QColor kGraticule(70, 78, 84);
+const QColor kAxis(112, 122, 130);
+
+}  // namespace
+
+PictureView::PictureView(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QPointF PictureView::fromTwips(int x, int y) const {
+  const double pictureWidth = property("twipsWidth").toInt();
+  const double pictureHeight = property("twipsHeight").toInt();
+  return {x * width() / pictureWidth, y * height() / pictureHeight};
+}
+
+void PictureView::resizeEvent(QResizeEvent* event) {
+  background_ = QPixmap();
+  QWidget::resizeEvent(event);
+}
+
+void PictureView::drawBackground() {
+  background_ = QPixmap(size() * devicePixelRatioF());
+  background_.setDevicePixelRatio(devicePixelRatioF());
+  background_.fill(Qt::black);
+  if (!property("graticule").toBool()) {
+    return;
+  }
+  QPainter painter(&background_);
+  for (int column = 0; column <= kColumns; ++column) {
+    painter.setPen(column * 2 == kColumns ? kAxis : kGraticule);
+    const int x = kLeft + column * kDivisionWidth;
+    painter.drawLine(fromTwips(x, kTop).toPoint(), fromTwips(x, kTop + kRows * kDivisionHeight).toPoint());
+  }
+  for (int row = 0; row <= kRows; ++row) {
+    painter.setPen(row * 2 == kRows ? kAxis : kGraticule);
+    const int y = kTop + row * kDivisionHeight;
+    painter.drawLine(fromTwips(kLeft, y).toPoint(),
+                     fromTwips(kLeft + kColumns * kDivisionWidth, y).toPoint());
+  }
+}
+
+void PictureView::paintEvent(QPaintEvent* event) {
+  if (background_.isNull() || background_.devicePixelRatio() != devicePixelRatioF()) {
+    drawBackground();
+  }
+  QPainter painter(this);
+  const QRectF source(QPointF(event->rect().topLeft()) * devicePixelRatioF(),
+                      QSizeF(event->rect().size()) * devicePixelRatioF());
+  painter.drawPixmap(QRectF(event->rect()), background_, source);
+  if (picture_ != nullptr) {
+    drawLines(painter);
+  }
+}
+
+// Lines that continue each other in one colour are drawn as one polyline, so that their joints are smooth.
+void PictureView::drawLines(QPainter& painter) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double scaleX = width() / property("twipsWidth").toDouble();
+  const double scaleY = height() / property("twipsHeight").toDouble();
+  std::vector<form::Color> colors;
+  for (const form::Line& line : picture_->lines()) {
+    if (std::find(colors.begin(), colors.end(), line.color) == colors.end()) {
+      colors.push_back(line.color);
+    }
+  }
+  for (const form::Color color : colors) {
+    painter.setPen(QPen(toQColor(color), 1.0));
+    const form::Line* former = nullptr;
+    points_.clear();
+    for (const form::Line& line : picture_->lines()) {
+      if (line.color != color) {
+        continue;
+      }
+      if (former == nullptr || former->x2 != line.x1 || former->y2 != line.y1) {
+        painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
+        points_.assign(1, QPointF(line.x1 * scaleX, line.y1 * scaleY));
+      }
+      points_.emplace_back(line.x2 * scaleX, line.y2 * scaleY);
+      former = &line;
+    }
+    painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
+  }
+}
+
+}  // namespace vireon::adapters

@@ -1,0 +1,57 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "app/executables/session.h"
+#include "app/executables/tour.h"
+#include "app/simulated_hid.h"
+
+namespace {
+
+using vireon::simulator::Model;
+
+constexpr std::array<std::pair<const char*, Model>, 4> kModels = {
+    {{"K7310", Model::kK7310}, {"K7210", Model::kK7210}, {"K7201", Model::kK7201}, {"K7900", Model::kK7900}}};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("vireon-demo"));
+  QApplication::setStyle(QStringLiteral("Fusion"));
+
+  QCommandLineParser options;
+  options.setApplicationDescription(QStringLiteral("The Vireon window on a simulated instrument."));
+  options.addHelpOption();
+  const QCommandLineOption modelOption(
+      QStringLiteral("model"), QStringLiteral("Simulate <model>: K7310 (default), K7210, K7201 or K7900."),
+      QStringLiteral("model"), QStringLiteral("K7310"));
+  const QCommandLineOption tourOption(
+      QStringLiteral("tour"),
+      QStringLiteral("Take a short tour by itself, leave pictures in <folder>, and end."),
+      QStringLiteral("folder"));
+  options.addOption(modelOption);
+  options.addOption(tourOption);
+  options.process(application);
+
+  const auto* const model = std::find_if(kModels.begin(), kModels.end(), [&](const auto& entry) {
+    return options.value(modelOption) == QLatin1String(entry.first);
+  });
+  if (model == kModels.end()) {
+    std::fputs("There is no such model. Models: K7310, K7210, K7201, K7900.\n", stderr);
+    return 2;
+  }
+
+  vireon::simulator::SteadyClock clock;
+  vireon::simulator::Instrument instrument(model->second, clock);
+  vireon::simulator::UsbEndpoint endpoint(instrument, clock);
+  vireon::app::SimulatedHid hid(endpoint, model->second);
+  vireon::app::Session session(hid);
+  session.show();
+  if (options.isSet(tourOption)) {
+    return vireon::app::runTour(session, instrument, options.value(tourOption).toStdString());
+  }
+  return QApplication::exec();
+}

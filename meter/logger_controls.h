@@ -1,0 +1,39 @@
+#pragma once
+
+#include "form/main_form.h"
+#include "link/connection_control.h"
+#include "meter/sampling.h"
+#include "protocol/instrument_state.h"
+
+namespace vireon::meter {
+
+// The handlers of the logger's recording and statistics and of the waveform memory. While state.uiBusy holds
+// nothing is sent.
+class LoggerControls {
+ public:
+  LoggerControls(form::MainForm& form, protocol::InstrumentState& state, link::ConnectionControl& link,
+                 Sampling& sampling)
+      : form_(form), state_(state), link_(link), sampling_(sampling) {}
+
+  // Makes the controls call these handlers.
+  void connectEvents();
+
+  void chkLog1_Click();          // starts or stops recording on the instrument
+  void cmdLog_Click(int index);  // 0 sends the parameters, 1 empties the list
+  void cmdSub_Click(int index);  // 0 resets the statistics, 1 the read-out too
+  void chkSub_Click();           // pauses the statistics
+  void chkMld_Click();           // recalls a stored waveform
+  void madUD_Click(int index);   // memory number, 0 down, 1 up, within 0 to 15
+
+ private:
+  void sendParameters();
+  void prepareGrid();
+  int memoryNumber() const;
+
+  form::MainForm& form_;
+  protocol::InstrumentState& state_;
+  link::ConnectionControl& link_;
+  Sampling& sampling_;
+};
+
+}  // namespace vireon::meter
