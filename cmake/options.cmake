@@ -4,6 +4,10 @@ target_include_directories(vireon_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(vireon_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 reports std::string's own operator+ (GCC bug 105651).
+  target_compile_options(vireon_options INTERFACE -Wno-restrict)
+endif()
 if(VIREON_SANITIZE)
   target_compile_options(vireon_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

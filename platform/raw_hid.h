@@ -49,12 +49,14 @@ class HidHandle {
   virtual HidCapabilities capabilities() const = 0;
 
   // Sends one output report; `report[0]` is the report identifier and the span is
-  // capabilities().outputReportLength bytes. Blocks until the device took it; a device that takes
-  // no data gives kFailed after the system's own limit (about 5 s). Never kTimedOut.
+  // capabilities().outputReportLength bytes (a span of another size gives kWrongLength and sends nothing).
+  // Blocks until the device took it; a device that takes no data gives kFailed after the system's own limit
+  // (about 5 s). Never kTimedOut.
   virtual HidTransfer write(std::span<const std::uint8_t> report) = 0;
 
   // Waits for one input report, at most `timeout`. On kDone `report`, capabilities().inputReportLength
-  // bytes, holds 0 at element 0 and the payload from element 1; otherwise its content is unspecified.
+  // bytes (another size gives kWrongLength at once), holds the report identifier at element 0, which is 0
+  // where reports are not numbered, and the payload from element 1; otherwise its content is unspecified.
   // A signal to the process does not end the wait.
   virtual HidTransfer read(std::span<std::uint8_t> report, std::chrono::milliseconds timeout) = 0;
 

@@ -1,0 +1,81 @@
+#include <algorithm>
+#include <cstdlib>
+#include <span>
+
+#include "bench/bench_rig.h"
+#include "fuzz/frame_script.h"
+
+namespace {
+
+using vireon::app::Program;
+
+// No device; counts how often the program wanted to send.
+class AbsentHid : public vireon::platform::RawHid {
+ public:
+  std::vector<vireon::platform::HidNode> list() override {
+    ++searches;
+    return {};
+  }
+  vireon::platform::HidOpenResult open(const vireon::platform::HidNode& /*node*/) override {
+    return {nullptr, vireon::platform::HidOpenError::kNotFound};
+  }
+  int searches = 0;
+};
+
+void prepare(Program& program, std::uint8_t setup) {
+  const vireon::protocol::UiBusyScope busy(program.state);
+  program.form.SSTab1.setTab(setup & vireon::fuzz::kMeterTab);
+  program.form.cmbDmod.setListIndex(std::min(4, (setup >> vireon::fuzz::kModeShift) & 7));
+  program.form.panTrd.setVisible((setup & vireon::fuzz::kTrendPanel) != 0);
+  program.form.chkLog1.setCaption((setup & vireon::fuzz::kRecording) != 0 ? "Stop" : "Start");
+  program.waveform.wfmSave = (setup & vireon::fuzz::kSaveArmed) != 0;
+}
+
+void receive(Program& program, std::span<const std::uint8_t> text) {
+  program.state.rxBuf[0] = 2;
+  std::copy(text.begin(), text.end(), program.state.rxBuf.begin() + 1);
+  program.state.rxLen = static_cast<int>(text.size());
+  program.dispatcher.dspRcv();
+}
+
+void require(bool invariant) {
+  if (!invariant) {
+    std::abort();
+  }
+}
+
+void checkInvariants(const Program& program, int sent) {
+  require(!program.state.uiBusy);
+  require(program.form.picScope.lines().size() <= 248);
+  require(program.form.SSTab1.tab() < program.form.SSTab1.tabs());
+  require(program.form.barTrd.value() >= 0 && program.form.barTrd.value() <= 120);
+  require(program.form.posT.top() <= 2900);
+  require(program.state.logRow >= 1 && program.state.logRow < program.form.grdLog.rows());
+  require(sent == 0);
+}
+
+}  // namespace
+
+// Frames of any content through the real dispatcher, controls and picture; nothing may be sent meanwhile.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) {
+    return 0;
+  }
+  AbsentHid hid;
+  vireon::bench::SilentMessages messages;
+  vireon::bench::SilentBeeper beeper;
+  vireon::bench::FixedClock clock;
+  Program program({hid, messages, beeper, clock});
+  program.load();
+  const int before = hid.searches;
+  prepare(program, data[0]);
+  std::span<const std::uint8_t> rest(data + 1, size - 1);
+  while (!rest.empty()) {
+    const auto end = std::find(rest.begin(), rest.end(), vireon::fuzz::kFrameEnd);
+    const auto length = std::min<std::size_t>(600, static_cast<std::size_t>(end - rest.begin()));
+    receive(program, rest.first(length));
+    checkInvariants(program, hid.searches - before);
+    rest = rest.subspan(std::min(rest.size(), length + 1));
+  }
+  return 0;
+}

@@ -1,0 +1,158 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTabBar>
+#include <QTableView>
+
+#include "adapters/qt/lamp.h"
+#include "tests/adapters/qt/window_fixture.h"
+
+namespace vireon::tests {
+namespace {
+
+class BindingOf : public WindowTest {
+ protected:
+  BindingOf() { click("cmdBttn_0"); }
+};
+
+TEST_F(BindingOf, ACheckBoxSendsWhatItsUserChose) {
+  click("chkVac_0");
+  EXPECT_EQ(lastCommand(), "VDAac;VDA??");
+  EXPECT_EQ(find<QAbstractButton>("chkVac_0")->text(), QStringLiteral("AC"));
+  EXPECT_TRUE(find<QAbstractButton>("chkVac_0")->isChecked());
+}
+
+TEST_F(BindingOf, ACheckBoxFallsBackWhenTheInstrumentRefuses) {
+  simulator::Faults faults;
+  faults.refuse = true;
+  endpoint.setFaults(faults);
+  click("chkHat");
+  endpoint.setFaults({});
+  tick();
+  program().sampling.tmrInt_Timer();
+  turn();
+  EXPECT_EQ(find<QAbstractButton>("chkHat")->isChecked(), form().chkHat.value() == 1);
+}
+
+TEST_F(BindingOf, OptionButtonsExcludeEachOther) {
+  click("optTS_1");
+  EXPECT_EQ(lastCommand().substr(0, 11), "TRGsb;TRG??");
+  EXPECT_TRUE(find<QAbstractButton>("optTS_1")->isChecked());
+  click("optTS_0");
+  EXPECT_FALSE(find<QAbstractButton>("optTS_1")->isChecked());
+  EXPECT_TRUE(find<QAbstractButton>("optTS_0")->isChecked());
+}
+
+TEST_F(BindingOf, AnOptionGroupCanShowNoneSelected) {
+  form().optTS[1].setValue(true);
+  turn();
+  form().optTS[1].setValue(false);
+  turn();
+  EXPECT_FALSE(find<QAbstractButton>("optTS_1")->isChecked());
+}
+
+TEST_F(BindingOf, AComboBoxListsItsItemsAndSendsTheChosenOne) {
+  auto* combo = find<QComboBox>("cmbFun");
+  EXPECT_EQ(combo->count(), 8);
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_Down);
+  EXPECT_EQ(lastCommand(), "DFN01;DFN??;VDA??;VDB??");
+  turn();
+  EXPECT_EQ(combo->currentText(), QStringLiteral("ACV"));
+}
+
+TEST_F(BindingOf, ASliderSendsOnceForACompletedDragAndAtOnceForAKey) {
+  auto* slider = find<QSlider>("sldPosH");
+  const std::uint64_t before = instrument.commandCount();
+  slider->setSliderDown(true);
+  for (int value = 70; value <= 90; ++value) {
+    slider->setSliderPosition(value);
+  }
+  EXPECT_EQ(instrument.commandCount(), before);
+  slider->setSliderDown(false);
+  EXPECT_EQ(instrument.commandCount(), before + 1);
+  EXPECT_EQ(lastCommand(), "HPO5A;HPO??");
+  slider->setFocus();
+  QTest::keyClick(slider, Qt::Key_Right);
+  EXPECT_EQ(lastCommand(), "HPO5B;HPO??");
+}
+
+TEST_F(BindingOf, ASliderAndItsMarkerStandAtTheSameEnd) {
+  auto* slider = find<QSlider>("sldPosV_0");
+  slider->setValue(20);
+  turn();
+  EXPECT_EQ(lastCommand(), "VPA14;VPA??;TLV??");
+  form().posDV[0].setVisible(true);
+  turn();
+  EXPECT_LT(find("posDV_0")->y(), find("picScope")->height() / 3);
+}
+
+TEST_F(BindingOf, TextTypedIsTextOfTheControlAndEnterStarts) {
+  auto* edit = find<QLineEdit>("txtSTime");
+  edit->selectAll();
+  QTest::keyClicks(edit, QStringLiteral("0.25"));
+  EXPECT_EQ(form().txtSTime.text(), "0.25");
+  QTest::keyClick(edit, Qt::Key_Return);
+  EXPECT_EQ(form().cmdStart.caption(), "Stop");
+  EXPECT_EQ(form().tmrInt.interval(), 250);
+}
+
+TEST_F(BindingOf, WhileSamplingTheTimeCannotBeEdited) {
+  click("cmdStart");
+  auto* edit = find<QLineEdit>("txtSTime");
+  QTest::keyClicks(edit, QStringLiteral("7"));
+  turn();
+  EXPECT_EQ(edit->text(), QStringLiteral("0.5"));
+  EXPECT_EQ(form().txtSTime.text(), "0.5");
+}
+
+TEST_F(BindingOf, TheTabsSwitchThePanels) {
+  auto* tabs = find<QTabBar>("SSTab1");
+  QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+  turn();
+  EXPECT_EQ(lastCommand(), "DFN10;DFN??;DPS??");
+  EXPECT_TRUE(find("picDmm")->isVisible());
+  EXPECT_FALSE(find("picScope")->isVisible());
+  EXPECT_FALSE(find("sldPosH")->isVisible());
+  EXPECT_FALSE(find("panScon")->isVisible());
+  EXPECT_TRUE(find("panDlog")->isVisible());
+}
+
+TEST_F(BindingOf, LampsShowTheirColours) {
+  form().Txled[0].setFillColor(form::kRed);
+  turn();
+  EXPECT_EQ(find<adapters::Lamp>("Txled_0")->color(), form::kRed);
+}
+
+class Refresh : public WindowTest {};
+
+TEST_F(Refresh, OfALampPaintsItBeforeTheWindowsNextTurn) {
+  form().Txled[1].setFillColor(form::kGreen);
+  form().Txled[1].refresh();
+  EXPECT_EQ(find<adapters::Lamp>("Txled_1")->color(), form::kGreen);
+}
+
+TEST_F(BindingOf, TheGridShowsItsRowsBelowTheHeader) {
+  form().grdLog.setText(1, 1, "12:34:56");
+  turn();
+  const auto* model = find<QTableView>("grdLog")->model();
+  EXPECT_EQ(model->rowCount(), 12);
+  EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("  R/No"));
+  EXPECT_EQ(model->data(model->index(0, 1)).toString(), QStringLiteral("12:34:56"));
+}
+
+TEST_F(BindingOf, ARunningTimerTicksByItself) {
+  form().txtSTime.setText("0.001");
+  click("cmdStart");
+  const std::uint64_t before = instrument.commandCount();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return instrument.commandCount() > before + 3; }, 2000));
+}
+
+TEST_F(BindingOf, TheCaptionOfTheWindowFollowsTheIdentity) {
+  program().interpreter.dspSinf("sid:Bench two");
+  EXPECT_EQ(window().windowTitle(), QStringLiteral("Bench two"));
+}
+
+}  // namespace
+}  // namespace vireon::tests

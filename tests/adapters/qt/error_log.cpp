@@ -1,0 +1,33 @@
+#include "tests/adapters/qt/error_log.h"
+
+#include <cstdio>
+
+namespace vireon::tests {
+
+QStringList& ErrorLogListener::lines() {
+  static QStringList collected;
+  return collected;
+}
+
+ErrorLogListener::ErrorLogListener() {
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& line) {
+    std::fprintf(stderr, "%s\n", qUtf8Printable(line));
+    // The offscreen platform says so for every dialog.
+    const bool announced = line == QLatin1String("This plugin does not support propagateSizeHints()");
+    if (type != QtDebugMsg && type != QtInfoMsg && !announced) {
+      lines().append(line);
+    }
+  });
+}
+
+void ErrorLogListener::OnTestStart(const testing::TestInfo& /*test*/) {
+  lines().clear();
+}
+
+void ErrorLogListener::OnTestEnd(const testing::TestInfo& /*test*/) {
+  for (const QString& line : lines()) {
+    ADD_FAILURE() << "unannounced message on the error log: " << qUtf8Printable(line);
+  }
+}
+
+}  // namespace vireon::tests

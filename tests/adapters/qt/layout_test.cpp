@@ -1,0 +1,95 @@
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QScreen>
+#include <QWindow>
+
+#include "tests/adapters/qt/window_fixture.h"
+
+namespace vireon::tests {
+namespace {
+
+class Layout : public WindowTest {
+ protected:
+  // Names of the visible labels and buttons whose text is larger than themselves.
+  QStringList clipped() {
+    QStringList names;
+    for (QLabel* label : window().findChildren<QLabel*>()) {
+      if (label->isVisible() && !fits(*label, label->text(), 0)) {
+        names << label->objectName();
+      }
+    }
+    for (QAbstractButton* button : window().findChildren<QAbstractButton*>()) {
+      const bool marked = button->inherits("QCheckBox") || button->inherits("QRadioButton");
+      if (button->isVisible() && !fits(*button, button->text(), marked ? 18 : 4)) {
+        names << button->objectName();
+      }
+    }
+    return names;
+  }
+
+  static bool fits(const QWidget& widget, const QString& text, int trim) {
+    const QFontMetrics metrics(widget.font());
+    return metrics.horizontalAdvance(text) + trim <= widget.width() &&
+           metrics.height() <= widget.height() + 2;
+  }
+};
+
+TEST_F(Layout, TheWindowIs10960By5790TwipsWithItsFrame) {
+  const double pixelsPerTwip = window().screen()->logicalDotsPerInch() / 1440.0;
+  const QSize frame = window().frameGeometry().size();
+  EXPECT_NEAR(frame.width(), 10960 * pixelsPerTwip, 1);
+  EXPECT_NEAR(frame.height(), 5790 * pixelsPerTwip, 1);
+}
+
+TEST_F(Layout, AWindowResizedByHandSnapsBack) {
+  const QSize before = window().size();
+  window().resize(900, 700);
+  turn();
+  turn();
+  EXPECT_EQ(window().size(), before);
+}
+
+TEST_F(Layout, NothingIsClippedOnTheScopeTab) {
+  goLive();
+  EXPECT_EQ(clipped(), QStringList());
+}
+
+TEST_F(Layout, NothingIsClippedOnTheMeterTab) {
+  click("cmdBttn_0");
+  for (int mode = 0; mode < 5; ++mode) {
+    form().SSTab1.setTab(1);
+    form().cmbDmod.setListIndex(mode);
+    tick();
+    EXPECT_EQ(clipped(), QStringList()) << "mode " << mode;
+  }
+}
+
+TEST_F(Layout, MaximisedThePanelGrowsAndNothingIsClipped) {
+  goLive();
+  const int before = find("picScope")->width();
+  window().showMaximized();
+  turn();
+  EXPECT_TRUE(window().isMaximized());
+  EXPECT_GT(find("picScope")->width(), before);
+  EXPECT_EQ(clipped(), QStringList());
+}
+
+TEST_F(Layout, NoTwoShownWidgetsOfOnePanelOverlap) {
+  goLive();
+  for (const char* panel : {"panScon", "groupChannelA", "groupTrigger", "groupMeter", "frmMain"}) {
+    QWidget* parent = QLatin1String(panel) == QLatin1String("frmMain") ? &window() : find(panel);
+    const auto children = parent->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget* one : children) {
+      for (const QWidget* other : children) {
+        if (one != other && one->isVisible() && other->isVisible()) {
+          EXPECT_FALSE(one->geometry().intersects(other->geometry()))
+              << qUtf8Printable(one->objectName()) << " over " << qUtf8Printable(other->objectName());
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vireon::tests

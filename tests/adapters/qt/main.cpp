@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "tests/adapters/qt/error_log.h"
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  testing::UnitTest::GetInstance()->listeners().Append(
+      std::make_unique<vireon::tests::ErrorLogListener>().release());
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "app/executables/session.h"
+#include "app/simulated_hid.h"
+#include "simulator/instrument.h"
+
+namespace vireon::tests {
+
+// Presses the default button of every message box as soon as it is shown, and remembers what it said.
+class MessageWatcher : public QObject {
+ public:
+  struct Seen {
+    QString title;
+    QString text;
+    QMessageBox::Icon icon;
+  };
+
+  MessageWatcher() { qApp->installEventFilter(this); }
+
+  std::vector<Seen> seen;
+  std::function<void()> whileOpen;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    auto* box = qobject_cast<QMessageBox*>(object);
+    if (box != nullptr && event->type() == QEvent::Show) {
+      seen.push_back({box->windowTitle(), box->text(), box->icon()});
+      QMetaObject::invokeMethod(
+          box,
+          [this, box] {
+            if (whileOpen) {
+              whileOpen();
+            }
+            box->buttons().front()->click();
+          },
+          Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(object, event);
+  }
+};
+
+// The real window on a simulated instrument whose time stands still unless a test moves it.
+class WindowTest : public testing::Test {
+ protected:
+  explicit WindowTest(simulator::Model model = simulator::Model::kK7310)
+      : instrument(model, clock), endpoint(instrument, clock), hid(endpoint, model), session(hid) {
+    session.show();
+    turn();
+  }
+
+  app::Program& program() { return session.program(); }
+  form::MainForm& form() { return session.program().form; }
+  adapters::MainWindow& window() { return session.window(); }
+
+  template <class Widget = QWidget>
+  Widget* find(const char* name) {
+    return session.window().findChild<Widget*>(QLatin1String(name));
+  }
+
+  // Lets the window show every waiting change.
+  void turn() {
+    window().binder().flush();
+    QApplication::processEvents();
+  }
+
+  void click(const char* name) {
+    QTest::mouseClick(find(name), Qt::LeftButton);
+    turn();
+  }
+
+  // Connects and takes the first live frame.
+  void goLive() {
+    click("cmdBttn_0");
+    click("cmdStart");
+    tick();
+  }
+
+  void tick() {
+    clock.advance(std::chrono::milliseconds(500));
+    form().tmrInt.tick();
+    turn();
+  }
+
+  std::string lastCommand() const { return instrument.log().empty() ? "" : instrument.log().back(); }
+
+  MessageWatcher messages;
+  simulator::ManualClock clock;
+  simulator::Instrument instrument;
+  simulator::UsbEndpoint endpoint;
+  app::SimulatedHid hid;
+  app::Session session;
+};
+
+}  // namespace vireon::tests

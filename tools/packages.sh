@@ -1,0 +1,21 @@
+# Debian packages that building and testing need; sourced by the scripts beside the README.
+# shellcheck shell=bash disable=SC2034
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config)
+WINDOW_PACKAGES=(qt6-base-dev libhidapi-dev fonts-dejavu-core)
+TEST_PACKAGES=(libgtest-dev)
+CHECK_PACKAGES=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev libbenchmark-dev git python3)
+
+# install_packages NAME...: installs those that are missing, as root or with sudo.
+install_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+  done
+  [ "${#missing[@]}" -eq 0 ] && return 0
+  echo "Installing: ${missing[*]}"
+  local root=()
+  [ "$(id -u)" -eq 0 ] || root=(sudo)
+  "${root[@]}" apt-get update -qq
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+    >/dev/null
+}
