@@ -16,15 +16,18 @@ class SimulatedHandle : public platform::HidHandle {
   platform::HidCapabilities capabilities() const override { return {}; }
 
   HidTransfer write(std::span<const std::uint8_t> report) override {
-    if (gone_ || report.size() != UsbEndpoint::kPayload + 1 || !endpoint_.write(report.subspan(1))) {
-      gone_ = true;
-      return HidTransfer::kFailed;
+    if (report.size() != UsbEndpoint::kPayload + 1) {
+      return HidTransfer::kWrongLength;
     }
-    return HidTransfer::kDone;
+    gone_ = gone_ || !endpoint_.write(report.subspan(1));
+    return gone_ ? HidTransfer::kFailed : HidTransfer::kDone;
   }
 
   HidTransfer read(std::span<std::uint8_t> report, std::chrono::milliseconds timeout) override {
-    if (gone_ || report.size() != UsbEndpoint::kPayload + 1) {
+    if (report.size() != UsbEndpoint::kPayload + 1) {
+      return HidTransfer::kWrongLength;
+    }
+    if (gone_) {
       return HidTransfer::kFailed;
     }
     report[0] = 0;

@@ -13,7 +13,7 @@ namespace {
 // Seconds; a text that reads as no finite number is 0. A decimal comma counts as a point.
 double secondsOf(std::string text) {
   std::replace(text.begin(), text.end(), ',', '.');
-  const std::string_view digits = protocol::trimmed(text);
+  const std::string_view digits = protocol::numberText(text);
   double value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   const bool wholeText = end == digits.data() + digits.size();

@@ -29,11 +29,15 @@ int hexValue(std::string_view digits) {
 }
 
 int decimalValue(std::string_view text) {
-  std::string_view digits = trimmed(text);
-  if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-') {
-    digits.remove_prefix(1);
+  return converted<std::int16_t>(numberText(text), 10);
+}
+
+std::string_view numberText(std::string_view text) {
+  std::string_view number = trimmed(text);
+  if (number.size() > 1 && number[0] == '+' && number[1] != '-') {
+    number.remove_prefix(1);
   }
-  return converted<std::int16_t>(digits, 10);
+  return number;
 }
 
 std::string_view trimmed(std::string_view text) {

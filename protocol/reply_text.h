@@ -15,6 +15,9 @@ int hexValue(std::string_view digits);
 // and beyond the range of 16 bits.
 int decimalValue(std::string_view text);
 
+// A number's text without the blanks at both ends and without a plus sign.
+std::string_view numberText(std::string_view text);
+
 // Without the blanks at both ends.
 std::string_view trimmed(std::string_view text);
 

@@ -1,6 +1,7 @@
 #include "adapters/qt/lamp.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "adapters/qt/colors.h"
 
@@ -18,7 +19,8 @@ void Lamp::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(palette().color(QPalette::Mid).darker(130), 1));
   painter.setBrush(toQColor(color_));
-  painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
+  const double radius = std::min(width(), height()) / 2.0 - 1;
+  painter.drawEllipse(QRectF(rect()).center(), radius, radius);
 }
 
 }  // namespace vireon::adapters

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
+#include <QtMath>
 #include <algorithm>
 
 #include "adapters/qt/colors.h"
@@ -85,9 +86,25 @@ void MainWindow::snapToSize() {
   const double dpi = screen()->logicalDotsPerInchX();
   const QSize outer(qRound(kOuterWidth * dpi / kTwipsPerInch), qRound(kOuterHeight * dpi / kTwipsPerInch));
   const QSize inner = outer.shrunkBy(frame);
-  if (size() != inner) {
+  // A window manager that insists on a size of its own is asked once.
+  const bool insists = inner == asked_ && size() == got_;
+  if (size() != inner && !insists) {
+    asked_ = inner;
+    got_ = size();
     resize(inner);
   }
+}
+
+bool MainWindow::isNormal() const {
+  return isVisible() && !isMaximized() && !isMinimized() && !isFullScreen();
+}
+
+void MainWindow::snapSoon() {
+  QTimer::singleShot(0, this, [this] {
+    if (isNormal()) {
+      snapToSize();
+    }
+  });
 }
 
 void MainWindow::scalePanel() {
@@ -98,9 +115,10 @@ void MainWindow::scalePanel() {
   letters.setPixelSize(std::max(6, static_cast<int>(letterHeight)));
   setFont(letters);
   for (const Placed& placed : placed_) {
+    // Rounded down at both corners: so a widget never reaches beyond the panel that holds it.
     const QRect& at = placed.geometry;
-    const QPoint corner(qRound(at.x() * scaleX), qRound(at.y() * scaleY));
-    const QPoint opposite(qRound((at.x() + at.width()) * scaleX), qRound((at.y() + at.height()) * scaleY));
+    const QPoint corner(qFloor(at.x() * scaleX), qFloor(at.y() * scaleY));
+    const QPoint opposite(qFloor((at.x() + at.width()) * scaleX), qFloor((at.y() + at.height()) * scaleY));
     placed.widget->setGeometry(QRect(corner, QSize(opposite.x() - corner.x(), opposite.y() - corner.y())));
     if (placed.fontScale > 0) {
       QFont own = letters;
@@ -116,21 +134,25 @@ void MainWindow::scalePanel() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (isVisible() && !isMaximized() && !isMinimized() && !isFullScreen()) {
-    QTimer::singleShot(0, this, &MainWindow::snapToSize);
-  }
+  snapSoon();
   scalePanel();
+}
+
+// The frame's size is known when the window manager has put the window into it, which moves the window.
+void MainWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  snapSoon();
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  QTimer::singleShot(0, this, &MainWindow::snapToSize);
+  snapSoon();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && windowState() == Qt::WindowNoState) {
-    QTimer::singleShot(0, this, &MainWindow::snapToSize);
+  if (event->type() == QEvent::WindowStateChange) {
+    snapSoon();
   }
 }
 

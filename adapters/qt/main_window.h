@@ -30,6 +30,7 @@ class MainWindow : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -45,11 +46,15 @@ class MainWindow : public QWidget {
   void dress();
   void remember();
   void snapToSize();
+  void snapSoon();
+  bool isNormal() const;
   void scalePanel();
 
   form::MainForm& form_;
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
+  QSize asked_;  // the inner size last asked for
+  QSize got_;    // and the one there was at that time
   bool unloaded_ = false;
 };
 

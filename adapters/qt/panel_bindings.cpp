@@ -1,5 +1,6 @@
 #include "adapters/qt/panel_bindings.h"
 
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -80,11 +81,15 @@ GridBinding::GridBinding(const form::Grid& control, QTableView& widget)
     : Binding(&widget), control_(control), table_(widget), model_(control, nullptr) {
   widget.setModel(&model_);
   widget.verticalHeader()->hide();
+  widget.verticalHeader()->setMinimumSectionSize(1);
   widget.horizontalHeader()->setHighlightSections(false);
+  widget.horizontalHeader()->setStretchLastSection(true);
+  widget.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void GridBinding::show() {
   model_.follow();
+  table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(table_.font()).height() + 4);
   const double scale = table_.width() / 324.0;
   for (int column = 0; column < control_.columns(); ++column) {
     const int twips = control_.columnWidth(column);

@@ -6,6 +6,7 @@
 
 #include "app/executables/session.h"
 #include "app/executables/tour.h"
+#include "app/executables/until_shown.h"
 #include "app/simulated_hid.h"
 
 namespace {
@@ -32,8 +33,10 @@ int main(int argc, char** argv) {
       QStringLiteral("tour"),
       QStringLiteral("Take a short tour by itself, leave pictures in <folder>, and end."),
       QStringLiteral("folder"));
-  options.addOption(modelOption);
-  options.addOption(tourOption);
+  const QCommandLineOption shownOption(
+      QStringLiteral("until-shown"),
+      QStringLiteral("End as soon as the window is on the screen; for measuring the start."));
+  options.addOptions({modelOption, tourOption, shownOption});
   options.process(application);
 
   const auto* const model = std::find_if(kModels.begin(), kModels.end(), [&](const auto& entry) {
@@ -52,6 +55,10 @@ int main(int argc, char** argv) {
   session.show();
   if (options.isSet(tourOption)) {
     return vireon::app::runTour(session, instrument, options.value(tourOption).toStdString());
+  }
+  if (options.isSet(shownOption)) {
+    const vireon::app::EndWhenShown end(session.window());
+    return QApplication::exec();
   }
   return QApplication::exec();
 }

@@ -75,6 +75,25 @@ TEST_F(Layout, MaximisedThePanelGrowsAndNothingIsClipped) {
   EXPECT_EQ(clipped(), QStringList());
 }
 
+TEST_F(Layout, NoWidgetReachesBeyondThePanelThatHoldsItAtAnySize) {
+  goLive();
+  for (int width = 700; width < 1500; width += 37) {
+    window().showMaximized();
+    window().resize(width, width / 2 + 11);
+    for (const QWidget* widget : window().findChildren<QWidget*>()) {
+      const QWidget* parent = widget->parentWidget();
+      const bool placed = !widget->objectName().isEmpty() &&
+                          !widget->objectName().startsWith(QLatin1String("qt_")) &&
+                          !widget->dynamicPropertyNames().contains("placed") &&
+                          !parent->inherits("QAbstractScrollArea") && !parent->inherits("QTabBar");
+      if (placed) {
+        EXPECT_TRUE(parent->rect().contains(widget->geometry()))
+            << qUtf8Printable(widget->objectName()) << " at width " << width;
+      }
+    }
+  }
+}
+
 TEST_F(Layout, NoTwoShownWidgetsOfOnePanelOverlap) {
   goLive();
   for (const char* panel : {"panScon", "groupChannelA", "groupTrigger", "groupMeter", "frmMain"}) {

@@ -1,0 +1,87 @@
+#include "simulator/answer_reports.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "simulator/random.h"
+
+namespace vireon::simulator {
+namespace {
+
+constexpr std::uint8_t kStart = 2;
+constexpr std::uint8_t kEnd = 3;
+
+std::vector<std::uint8_t> garbageBytes(const Garbage& garbage) {
+  Random random(garbage.seed);
+  std::vector<std::uint8_t> bytes(garbage.length);
+  for (auto& byte : bytes) {
+    byte = static_cast<std::uint8_t>(random.next() >> 56U);
+    if (byte == kEnd) byte = 0;
+  }
+  if (garbage.ends && !bytes.empty()) bytes.back() = kEnd;
+  return bytes;
+}
+
+std::vector<std::uint8_t> wireBytes(const std::string& text, const Faults& faults) {
+  std::vector<std::uint8_t> bytes;
+  if (faults.silence) return bytes;
+  if (faults.garbage) {
+    bytes = garbageBytes(*faults.garbage);
+  } else {
+    bytes.reserve(text.size() + 2);
+    bytes.push_back(kStart);
+    bytes.insert(bytes.end(), text.begin(), text.end());
+    bytes.push_back(kEnd);
+  }
+  if (faults.cutAfterBytes) bytes.resize(std::min(bytes.size(), *faults.cutAfterBytes));
+  return bytes;
+}
+
+using Reports = std::deque<AnswerReport>;
+
+// Place of a report counted from 1, or of none.
+std::ptrdiff_t placeOf(const std::optional<std::size_t>& number, const Reports& reports) {
+  if (!number || *number == 0 || *number > reports.size()) return -1;
+  return static_cast<std::ptrdiff_t>(*number - 1);
+}
+
+void spoil(Reports& reports, const Faults& faults) {
+  if (faults.cutAfterReports) reports.resize(std::min(reports.size(), *faults.cutAfterReports));
+  if (faults.shortReport) {
+    const auto place = placeOf(faults.shortReport->report, reports);
+    if (place >= 0) {
+      reports[static_cast<std::size_t>(place)].length = std::min(faults.shortReport->length, kReportPayload);
+    }
+  }
+  if (const auto place = placeOf(faults.doubleReport, reports); place >= 0) {
+    reports[static_cast<std::size_t>(place)].copies = 2;
+  }
+  if (const auto place = placeOf(faults.swapReport, reports); place >= 0) {
+    const auto index = static_cast<std::size_t>(place);
+    if (index + 1 < reports.size()) std::swap(reports[index], reports[index + 1]);
+  }
+  if (const auto place = placeOf(faults.dropReport, reports); place >= 0) {
+    reports.erase(reports.begin() + place);
+  }
+}
+
+}  // namespace
+
+std::deque<AnswerReport> AnswerCutter::cut(const std::string& text, const Faults& faults) {
+  const auto bytes = wireBytes(text, faults);
+  const bool ends = !bytes.empty() && bytes.back() == kEnd;
+  Reports reports;
+  for (std::size_t first = 0; first < bytes.size(); first += kReportPayload) {
+    const std::size_t count = std::min(kReportPayload, bytes.size() - first);
+    if (!ends) buffer_.fill(0);
+    std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(first), count, buffer_.begin());
+    reports.push_back({buffer_});
+  }
+  spoil(reports, faults);
+  return reports;
+}
+
+}  // namespace vireon::simulator

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace vireon::simulator {
+
+// Pseudo-random bytes in place of an answer: `length` bytes, the same for the same seed. With `ends` the
+// last one, and only that, is the end mark (3); without it there is none.
+struct Garbage {
+  std::uint64_t seed = 1;
+  std::size_t length = 64;
+  bool ends = true;
+};
+
+struct ShortReport {
+  std::size_t report = 1;  // number in the answer, from 1
+  std::size_t length = 8;  // payload bytes delivered, 0 to 63
+};
+
+// What goes wrong on the cable. All off at the start; several may be on together. An exchange is a
+// command, all reports of its answer, and the requests between them. Reports of an answer count from 1.
+struct Faults {
+  bool once = false;                           // off again after the next exchange; else from now on
+  bool silence = false;                        // no answer at all
+  bool refuse = false;                         // answered by a refusal, and not carried out
+  std::chrono::nanoseconds lateBy{0};          // every report of the answer comes so much later
+  std::optional<std::size_t> cutAfterBytes{};  // the answer ends after so many bytes, 0 to all, no end mark
+  std::optional<std::size_t> cutAfterReports{};
+  std::optional<Garbage> garbage{};
+  std::optional<std::size_t> dropReport{};    // left out: the following one comes in its place
+  std::optional<std::size_t> doubleReport{};  // comes twice in a row
+  std::optional<std::size_t> swapReport{};    // changes places with the following one
+  std::optional<ShortReport> shortReport{};
+  // The device goes as this report of the exchange is due, which is lost: both directions count, the
+  // command's first report is 1. A number that the exchange does not reach does nothing.
+  std::optional<std::size_t> unplugAtReport{};
+};
+
+}  // namespace vireon::simulator

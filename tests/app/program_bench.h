@@ -1,0 +1,100 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "app/program.h"
+#include "app/simulated_hid.h"
+#include "simulator/instrument.h"
+#include "simulator/usb_endpoint.h"
+#include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_message_boxes.h"
+#include "tests/fakes/fake_wall_clock.h"
+
+namespace vireon::tests {
+
+// The whole program without a toolkit, on a simulated instrument whose time stands still until a test moves
+// it.
+class ProgramBench {
+ public:
+  explicit ProgramBench(simulator::Model model = simulator::Model::kK7310)
+      : instrument(model, clock), hid(endpoint, model) {}
+
+  form::MainForm& form() { return program.form; }
+
+  // Loaded and connected, sampling; nothing logged yet.
+  void goLive() {
+    if (program.state.modelId.empty()) {
+      program.load();
+    }
+    connect();
+    form().cmdStart.click();
+    instrument.clearLog();
+  }
+
+  void connect() {
+    form().cmdBttn[0].click();
+    ASSERT_TRUE(program.connection.connected());
+    instrument.clearLog();
+  }
+
+  void tick() { form().tmrInt.tick(); }
+
+  // What picScope must show of the samples last sent, both channels on.
+  std::vector<form::Line> sentTraces() const {
+    const simulator::Trace& sent = instrument.trace();
+    std::vector<form::Line> lines;
+    for (std::size_t i = 1; i < sent.a.size(); ++i) {
+      const int x = 510 + 30 * static_cast<int>(i);
+      if (sent.a[i] != 240) {
+        lines.push_back({x - 30, 30 * sent.a[i - 1] - 170, x, 30 * sent.a[i] - 170, form::Color{255}});
+      }
+      lines.push_back({x - 30, 30 * sent.b[i - 1] - 170, x, 30 * sent.b[i] - 170, form::Color{65280}});
+    }
+    return lines;
+  }
+
+  std::vector<form::Line> drawn() {
+    const auto lines = form().picScope.lines();
+    return {lines.begin(), lines.end()};
+  }
+
+  // The next poll draws exactly what the instrument sends, and nothing is said about it.
+  void expectCleanTick() {
+    const std::size_t before = messages.count();
+    tick();
+    EXPECT_EQ(drawn(), sentTraces());
+    EXPECT_EQ(messages.count(), before);
+    EXPECT_FALSE(program.state.uiBusy);
+  }
+
+  void expectDisconnected() {
+    EXPECT_FALSE(program.connection.connected());
+    EXPECT_EQ(form().cmdBttn[0].backColor(), form::kButtonFace);
+    EXPECT_EQ(form().StatusBar1.panel(2), "Disconnected");
+    for (const form::Control* control : std::initializer_list<const form::Control*>{
+             &form().SSTab1, &form().cmdClock, &form().picMscope, &form().panDlog, &form().panScon,
+             &form().cmdStart, &form().txtSTime}) {
+      EXPECT_FALSE(control->enabled()) << control->name();
+    }
+    EXPECT_EQ(form().cmdStart.caption(), "Start");
+    EXPECT_FALSE(form().tmrInt.enabled());
+    EXPECT_EQ(form().Txled[0].fillColor(), form::kWhite);
+    EXPECT_EQ(form().Txled[1].fillColor(), form::kWhite);
+    EXPECT_FALSE(program.link.usbOpen);
+    EXPECT_FALSE(program.state.uiBusy);
+  }
+
+  simulator::ManualClock clock;
+  simulator::Instrument instrument;
+  simulator::UsbEndpoint endpoint{instrument, clock};
+  app::SimulatedHid hid;
+  FakeMessageBoxes messages;
+  FakeBeeper beeper;
+  FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
+  app::Program program{{hid, messages, beeper, wallClock}};
+};
+
+}  // namespace vireon::tests

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "tests/app/program_bench.h"
+
+namespace vireon::app {
+namespace {
+
+using tests::ProgramBench;
+using Texts = std::vector<std::string>;
+
+// A waveform exchange: the command, five reports of the answer, four requests between them.
+constexpr std::size_t kWaveformReports = 10;
+
+class Unplug : public testing::Test {
+ protected:
+  static void expectOneMessage(const ProgramBench& bench) {
+    ASSERT_EQ(bench.messages.count(), 1U);
+    EXPECT_EQ(bench.messages.lastTitle(), "Connection Error");
+    EXPECT_EQ(bench.messages.lastText(), "Device not detected...Please check USB cable & connector.");
+  }
+
+  static void expectCleanReconnect(ProgramBench& bench) {
+    bench.endpoint.setFaults({});
+    bench.endpoint.plug();
+    bench.instrument.clearLog();
+    bench.form().cmdBttn[0].click();
+    EXPECT_TRUE(bench.program.connection.connected());
+    EXPECT_EQ(bench.instrument.log(), Texts{"DFN??"});
+    bench.form().cmdStart.click();
+    bench.expectCleanTick();
+    EXPECT_EQ(bench.messages.count(), 1U);
+  }
+};
+
+TEST_F(Unplug, AWaveformExchangeIsTenReports) {
+  ProgramBench bench;
+  bench.goLive();
+  bench.tick();
+  EXPECT_EQ(bench.endpoint.exchangeReports(), kWaveformReports);
+}
+
+TEST_F(Unplug, AtEveryReportOfALiveFrameLeavesADisconnectedWindowOneMessageAndACleanReconnect) {
+  for (std::size_t report = 1; report <= kWaveformReports; ++report) {
+    SCOPED_TRACE(report);
+    ProgramBench bench;
+    bench.goLive();
+    bench.tick();
+    bench.endpoint.setFaults({.unplugAtReport = report});
+    bench.tick();
+    EXPECT_FALSE(bench.endpoint.plugged());
+    expectOneMessage(bench);
+    bench.expectDisconnected();
+    bench.tick();
+    bench.tick();
+    expectOneMessage(bench);
+    expectCleanReconnect(bench);
+  }
+}
+
+TEST_F(Unplug, AtEveryReportOfTheConnectingLeavesADisconnectedWindowAndOneMessage) {
+  for (std::size_t report = 1; report <= 2; ++report) {
+    SCOPED_TRACE(report);
+    ProgramBench bench;
+    bench.program.load();
+    bench.endpoint.setFaults({.unplugAtReport = report});
+    bench.form().cmdBttn[0].click();
+    expectOneMessage(bench);
+    bench.expectDisconnected();
+    expectCleanReconnect(bench);
+  }
+}
+
+TEST_F(Unplug, AtEveryReportOfTheDisconnectingLeavesADisconnectedWindowAndOneMessage) {
+  for (std::size_t report = 1; report <= 2; ++report) {
+    SCOPED_TRACE(report);
+    ProgramBench bench;
+    bench.goLive();
+    bench.endpoint.setFaults({.unplugAtReport = report});
+    bench.form().cmdBttn[0].click();
+    expectOneMessage(bench);
+    bench.expectDisconnected();
+    expectCleanReconnect(bench);
+  }
+}
+
+TEST_F(Unplug, AtEveryReportOfAButtonLeavesADisconnectedWindowAndOneMessage) {
+  for (std::size_t report = 1; report <= 2; ++report) {
+    SCOPED_TRACE(report);
+    ProgramBench bench;
+    bench.goLive();
+    bench.tick();
+    bench.endpoint.setFaults({.unplugAtReport = report});
+    bench.form().cmdVu[0].click();
+    expectOneMessage(bench);
+    bench.expectDisconnected();
+    expectCleanReconnect(bench);
+  }
+}
+
+TEST_F(Unplug, AtEveryReportOfATabSwitchLeavesADisconnectedWindowAndOneMessage) {
+  for (const int tab : {1, 0}) {
+    for (std::size_t report = 1; report <= 2; ++report) {
+      SCOPED_TRACE(report);
+      ProgramBench bench;
+      bench.goLive();
+      if (tab == 0) {
+        bench.form().SSTab1.setTab(1);
+      }
+      bench.endpoint.setFaults({.unplugAtReport = report});
+      bench.form().SSTab1.setTab(tab);
+      expectOneMessage(bench);
+      bench.expectDisconnected();
+    }
+  }
+}
+
+TEST_F(Unplug, BetweenTwoTicksIsOneMessage) {
+  ProgramBench bench;
+  bench.goLive();
+  bench.tick();
+  bench.endpoint.unplug();
+  for (int turn = 0; turn < 5; ++turn) {
+    bench.tick();
+  }
+  expectOneMessage(bench);
+  bench.expectDisconnected();
+  expectCleanReconnect(bench);
+}
+
+TEST_F(Unplug, AndPluggedInAgainBetweenTwoTicksGoesUnnoticed) {
+  ProgramBench bench;
+  bench.goLive();
+  bench.endpoint.unplug();
+  bench.endpoint.plug();
+  bench.expectCleanTick();
+}
+
+TEST_F(Unplug, AtStartUpIsOneMessageAndTheButtonConnectsLater) {
+  for (std::size_t report = 1; report <= 3; ++report) {
+    SCOPED_TRACE(report);
+    ProgramBench bench;
+    bench.endpoint.setFaults({.unplugAtReport = report});
+    bench.program.load();
+    if (report <= 2) {
+      expectOneMessage(bench);
+      EXPECT_FALSE(bench.program.link.usbOpen);
+      expectCleanReconnect(bench);
+    } else {
+      EXPECT_EQ(bench.messages.count(), 0U);
+    }
+  }
+}
+
+TEST_F(Unplug, TheSettingsOfTheInstrumentSurviveOnBothSides) {
+  ProgramBench bench;
+  bench.goLive();
+  bench.tick();
+  bench.form().cmdVu[0].click();
+  bench.endpoint.unplug();
+  bench.tick();
+  expectCleanReconnect(bench);
+  EXPECT_EQ(bench.form().lblVd[0].caption(), "2V");
+}
+
+}  // namespace
+}  // namespace vireon::app

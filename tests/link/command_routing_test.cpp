@@ -1,0 +1,121 @@
+#include <gtest/gtest.h>
+
+#include "tests/link/connection_fixture.h"
+
+namespace vireon::link {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class CommandRouting : public tests::ConnectionFixture {
+ protected:
+  void useSerial(const char* port) {
+    link.comPort = port;
+    connection.trans_rs2 = [this](std::string_view command) {
+      serial.emplace_back(command);
+      return serialAnswers;
+    };
+  }
+
+  Texts serial;
+  bool serialAnswers = true;
+};
+
+TEST_F(CommandRouting, ACommandBeepsOnceAndGoesOverUsb) {
+  EXPECT_TRUE(connection.transKcmd("VDAup;VDA??"));
+  EXPECT_EQ(beeper.beeps, 1);
+  EXPECT_EQ(hid.commands, Texts{"VDAup;VDA??"});
+  EXPECT_FALSE(link.cmdPending);
+}
+
+TEST_F(CommandRouting, TheBeepComesBeforeTheCommand) {
+  hid.instrument = [this](const std::string&) {
+    EXPECT_EQ(beeper.beeps, 1);
+    return tests::framed("\6");
+  };
+  connection.transKcmd("VDAup;VDA??");
+}
+
+TEST_F(CommandRouting, AFailureOfTheLinkIsTold) {
+  hid.nodes.clear();
+  EXPECT_FALSE(connection.transKcmd("VDAup;VDA??"));
+  EXPECT_EQ(beeper.beeps, 1);
+  EXPECT_EQ(messages.count(), 1U);
+}
+
+TEST_F(CommandRouting, ACommandGivenDuringASerialExchangeIsParked) {
+  useSerial("1");
+  link.linkBusy = true;
+  EXPECT_TRUE(connection.transKcmd("VDAup;VDA??"));
+  EXPECT_TRUE(serial.empty());
+  EXPECT_TRUE(link.cmdPending);
+  EXPECT_EQ(link.pendingCmd, "VDAup;VDA??");
+  EXPECT_EQ(beeper.beeps, 1);
+}
+
+TEST_F(CommandRouting, OfSeveralParkedCommandsTheLatestIsKept) {
+  useSerial("1");
+  link.linkBusy = true;
+  connection.transKcmd("VDAup;VDA??");
+  connection.transKcmd("VDBdn;VDB??");
+  EXPECT_EQ(link.pendingCmd, "VDBdn;VDB??");
+  EXPECT_TRUE(link.cmdPending);
+  EXPECT_EQ(beeper.beeps, 2);
+}
+
+TEST_F(CommandRouting, EveryPortButZeroIsSerial) {
+  for (const char* port : {"1", "2", "3", "4"}) {
+    serial.clear();
+    useSerial(port);
+    EXPECT_TRUE(connection.transKcmd("HDVup;HDV??"));
+    EXPECT_TRUE(connection.trans_usb("DFN??"));
+    EXPECT_EQ(serial, (Texts{"HDVup;HDV??", "DFN??"})) << port;
+  }
+  EXPECT_EQ(hid.opens, 0U);
+}
+
+TEST_F(CommandRouting, PortZeroIsUsb) {
+  useSerial("0");
+  connection.trans_usb("DFN??");
+  EXPECT_TRUE(serial.empty());
+  EXPECT_EQ(hid.commands, Texts{"DFN??"});
+}
+
+TEST_F(CommandRouting, AFailureOfTheSerialLinkIsTold) {
+  useSerial("2");
+  serialAnswers = false;
+  EXPECT_FALSE(connection.transKcmd("DFN??"));
+  EXPECT_FALSE(connection.trans_usb("DFN??"));
+}
+
+TEST_F(CommandRouting, WithoutASerialLinkACommandForItIsDropped) {
+  link.comPort = "1";
+  EXPECT_TRUE(connection.trans_usb("DFN??"));
+  EXPECT_EQ(hid.opens, 0U);
+}
+
+TEST_F(CommandRouting, AUsbOnlyCommandGoesOverUsbWithoutASound) {
+  EXPECT_TRUE(connection.transUsbOnly("DRGup;DRG??"));
+  EXPECT_EQ(hid.commands, Texts{"DRGup;DRG??"});
+  EXPECT_EQ(beeper.beeps, 0);
+  EXPECT_EQ(form.StatusBar1.panel(1), "");
+}
+
+TEST_F(CommandRouting, AUsbOnlyCommandOnASerialLinkSendsNothingAndPanelOneTells) {
+  useSerial("1");
+  form.StatusBar1.setPanel(2, "COM1:9600");
+  EXPECT_TRUE(connection.transUsbOnly("DRGup;DRG??"));
+  EXPECT_TRUE(serial.empty());
+  EXPECT_EQ(hid.opens, 0U);
+  EXPECT_EQ(messages.count(), 0U);
+  EXPECT_EQ(form.StatusBar1.panel(1), "Works over USB only");
+  EXPECT_EQ(form.StatusBar1.panel(2), "COM1:9600");
+}
+
+TEST_F(CommandRouting, AFailureOfAUsbOnlyCommandIsTold) {
+  hid.nodes.clear();
+  EXPECT_FALSE(connection.transUsbOnly("DRGup;DRG??"));
+}
+
+}  // namespace
+}  // namespace vireon::link

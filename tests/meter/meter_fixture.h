@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "scope/scale_tables.h"
+#include "tests/link/connection_fixture.h"
+
+namespace vireon::tests {
+
+// A connected main window with its lists filled; the instrument acknowledges everything.
+class MeterFixture : public ConnectionFixture {
+ protected:
+  using Texts = std::vector<std::string>;
+
+  MeterFixture() {
+    quietly([this] { scope::initLbl(form, state); });
+    connect();
+  }
+
+  // Moves controls as the program itself does.
+  template <class Action>
+  void quietly(Action&& action) {
+    const protocol::UiBusyScope busy(state);
+    action();
+  }
+
+  void useSerial() {
+    link.comPort = "1";
+    connection.trans_rs2 = [this](std::string_view command) {
+      serial.emplace_back(command);
+      return true;
+    };
+  }
+
+  Texts serial;
+};
+
+}  // namespace vireon::tests
