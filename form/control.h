@@ -36,6 +36,7 @@ class Form {
   explicit Form(std::string caption) : caption_(std::move(caption)) {}
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
+  ~Form() = default;
 
   const std::string& caption() const { return caption_; }
   void setCaption(std::string caption);

@@ -65,6 +65,7 @@ class ConnectionControl {
   ApiUsb& apiUsb() { return apiUsb_; }
 
  private:
+  bool openDevice();
   bool sendReports(std::string_view command);
   bool receiveReports();
   bool takeReport();

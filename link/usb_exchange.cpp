@@ -2,12 +2,20 @@
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
+namespace {
+
+constexpr const char* kNoPermission = "No permission to open the instrument's device node";
+constexpr const char* kPermissionHelp =
+    "The instrument is plugged in, but this account may not read and write its /dev/hidraw node.\n"
+    "A udev rule for vendor 10C4, products E001 to E004, with TAG+=\"uaccess\" gives that right.";
+
+}  // namespace
 
 bool ConnectionControl::trans_usb(std::string_view command) {
   if (!link_.onUsb()) {
     return !trans_rs2 || trans_rs2(command);
   }
-  if (!link_.usbOpen && !apiUsb_.findDevice()) {
+  if (!link_.usbOpen && !openDevice()) {
     usbFail();
     return false;
   }
@@ -19,6 +27,17 @@ bool ConnectionControl::trans_usb(std::string_view command) {
   }
   lamps(form::kWhite, form::kGreen);
   return receiveReports();
+}
+
+// Searches the device; panel 1 tells while one is there that this account may not open.
+bool ConnectionControl::openDevice() {
+  const bool found = apiUsb_.findDevice();
+  const bool refused = !found && apiUsb_.openError() == platform::HidOpenError::kNoPermission;
+  if (refused || form_.StatusBar1.panel(1) == kNoPermission) {
+    form_.StatusBar1.setPanel(1, refused ? kNoPermission : "");
+    form_.StatusBar1.setToolTip(1, refused ? kPermissionHelp : "");
+  }
+  return found;
 }
 
 bool ConnectionControl::sendReports(std::string_view command) {

@@ -46,7 +46,6 @@ void Acquisition::restart(double now) {
 
 void Acquisition::armSingle(double now) {
   singleFrom_ = now;
-  singlePending_ = true;
 }
 
 // The last whole picture whose points all lie before now.
@@ -87,11 +86,9 @@ void Acquisition::updateSlow(const Settings& settings, const Inputs& inputs, dou
 }
 
 bool Acquisition::updateSingle(const Settings& settings, const Inputs& inputs, double now) {
-  if (!singlePending_) return false;
   const auto trigger = triggerAfter(settings, inputs, singleFrom_);
   if (!trigger || *trigger + afterTrigger(settings) > now) return false;
   sweep(trace_, settings, inputs, *trigger - beforeTrigger(settings), now, random_);
-  singlePending_ = false;
   return true;
 }
 

@@ -17,7 +17,7 @@ class Acquisition {
   // Brings the picture up to `now`. While the display is held nothing changes; in normal mode, without a
   // trigger, the last picture stays, which is blank at the start. From 0.2 s/div on the picture is built
   // up point by point over the one before, or over a blank one after a restart. Returns true when this
-  // took a single-shot capture.
+  // took a single-shot capture; the caller holds the display then.
   bool update(const Settings& settings, const Inputs& inputs, double now);
 
   // Drops a slow sweep in progress; the next one begins at `now`, on a blank picture.
@@ -47,7 +47,6 @@ class Acquisition {
   Random random_{0x5EED};
   double sweepFrom_ = 0.0;
   double singleFrom_ = 0.0;
-  bool singlePending_ = false;
   bool blank_ = true;
   bool firstSweep_ = true;
 };

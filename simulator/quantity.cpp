@@ -45,7 +45,7 @@ std::string_view trimmed(std::string_view text) {
 std::optional<double> parseDecimal(std::string_view text, std::size_t longest) {
   const bool hasDigit = std::any_of(text.begin(), text.end(), isDigit);
   const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return isDigit(c) || c == '.'; });
-  if (!hasDigit || !plain || text.size() > longest || std::count(text.begin(), text.end(), '.') > 1) {
+  if (!hasDigit || !plain || text.size() > longest) {
     return std::nullopt;
   }
   double value = 0.0;

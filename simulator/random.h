@@ -19,9 +19,9 @@ class Random {
 
   // From -1 to 1, near 0 more often than far from it.
   double deviation() {
-    constexpr double kUnit = 1.0 / 2147483648.0;
+    constexpr std::uint64_t kHalf = 0xFFFFFFFFU;
     const std::uint64_t bits = next();
-    return (static_cast<double>(bits >> 33U) - static_cast<double>((bits << 1U) >> 33U)) * kUnit;
+    return (static_cast<double>(bits >> 32U) - static_cast<double>(bits & kHalf)) / 4294967296.0;
   }
 
  private:

@@ -25,6 +25,7 @@ class ControlBinder : public QObject, public form::ControlView, private form::Co
 
   // All three outlive the binder.
   ControlBinder(form::Form& form, QWidget& root, const ModalGate& gate);
+  Q_DISABLE_COPY_MOVE(ControlBinder)
   ~ControlBinder() override;
 
   void changed(const form::Control& control) override;

@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QLabel>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 #include <QtMath>
 #include <algorithm>
@@ -48,6 +47,13 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
   binder_ = std::make_unique<ControlBinder>(form, *this, gate);
   setWindowTitle(shown(form.caption()));
   form.onCaptionChanged = [this] { setWindowTitle(shown(form_.caption())); };
+  snapper_.setSingleShot(true);
+  snapper_.setInterval(0);
+  connect(&snapper_, &QTimer::timeout, this, [this] {
+    if (isNormal()) {
+      snapToSize();
+    }
+  });
   snapToSize();
   scalePanel();
 }
@@ -99,14 +105,6 @@ bool MainWindow::isNormal() const {
   return isVisible() && !isMaximized() && !isMinimized() && !isFullScreen();
 }
 
-void MainWindow::snapSoon() {
-  QTimer::singleShot(0, this, [this] {
-    if (isNormal()) {
-      snapToSize();
-    }
-  });
-}
-
 void MainWindow::scalePanel() {
   const double scaleX = width() / static_cast<double>(kPanelWidth);
   const double scaleY = height() / static_cast<double>(kPanelHeight);
@@ -134,25 +132,25 @@ void MainWindow::scalePanel() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  snapSoon();
+  snapper_.start();
   scalePanel();
 }
 
 // The frame's size is known when the window manager has put the window into it, which moves the window.
 void MainWindow::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  snapSoon();
+  snapper_.start();
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  snapSoon();
+  snapper_.start();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) {
-    snapSoon();
+    snapper_.start();
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -21,6 +22,7 @@ class MainWindow : public QWidget {
 
   // `form` and `gate` outlive the window.
   MainWindow(form::MainForm& form, const ModalGate& gate);
+  Q_DISABLE_COPY_MOVE(MainWindow)
   ~MainWindow() override;
 
   // Called once when the window is about to close.
@@ -37,24 +39,24 @@ class MainWindow : public QWidget {
 
  private:
   struct Placed {
-    QWidget* widget;
-    QRect geometry;    // in the form file, at 96 dpi
-    double fontScale;  // of the panel's font; 0 for a widget that inherits it
-    bool bold;
+    QWidget* widget = nullptr;
+    QRect geometry;        // in the form file, at 96 dpi
+    double fontScale = 0;  // of the panel's font; 0 for a widget that inherits it
+    bool bold = false;
   };
 
   void dress();
   void remember();
   void snapToSize();
-  void snapSoon();
   bool isNormal() const;
   void scalePanel();
 
   form::MainForm& form_;
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
-  QSize asked_;  // the inner size last asked for
-  QSize got_;    // and the one there was at that time
+  QTimer snapper_;  // snaps at the window's next turn
+  QSize asked_;     // the inner size last asked for
+  QSize got_;       // and the one there was at that time
   bool unloaded_ = false;
 };
 

@@ -70,9 +70,7 @@ void StatusBarBinding::show() {
   for (int panel = 1; panel <= form::StatusBar::kPanels; ++panel) {
     if (QLabel* const label = labels_.at(static_cast<std::size_t>(panel - 1))) {
       label->setText(shown(control_.panel(panel)));
-      if (!control_.toolTip(panel).empty()) {
-        label->setToolTip(shown(control_.toolTip(panel)));
-      }
+      label->setToolTip(shown(control_.toolTip(panel)));
     }
   }
 }

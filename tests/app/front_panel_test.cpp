@@ -72,6 +72,8 @@ const Row kScopeRows[] = {
      [](Form& f) { return onOff(f.posDV[1].visible()) + f.lblVd[0].caption(); }, "off2k"},
     {"hold", [](Form& f) { f.chkMhld.setValue(1); }, "DHDon;STS??",
      [](Form& f) { return onOff(f.chkMhld.foreColor() == form::kRed); }, "on"},
+    {"memory", [](Form& f) { f.chkMld.setValue(1); }, "MEM00",
+     [](Form& f) { return onOff(f.chkMld.foreColor() == form::kRed && !f.picScope.lines().empty()); }, "on"},
     {"clock", [](Form& f) { f.cmdClock.click(); }, "SCK07-12-21 14:05:09",
      [](Form& f) { return f.StatusBar1.panel(2); }, "Connected"},
 };
@@ -117,6 +119,7 @@ TEST_F(FrontPanel, AfterEveryScopeControlTheNextFrameIsDrawnAsSent) {
     bench.goLive();
     bench.tick();
     row.move(bench.form());
+    bench.form().chkMld.setValue(0);  // nothing is polled during a recall
     const bool both = bench.instrument.settings().a.on && bench.instrument.settings().b.on &&
                       bench.instrument.settings().meter.function == simulator::Function::kDcv;
     bench.tick();
@@ -154,6 +157,20 @@ TEST_F(FrontPanel, TheMeterTabTakesTheInstrumentIntoTheLoggerModeAndBack) {
   EXPECT_EQ(bench.instrument.log(), Texts{std::string("DFN00") + kScopeQueries});
   EXPECT_EQ(bench.instrument.settings().meter.mode, simulator::LoggerMode::kOff);
   EXPECT_TRUE(bench.form().picScope.visible());
+}
+
+TEST_F(FrontPanel, AnInstrumentThatIsInALoggerModeTakesTheWindowToTheMeterTab) {
+  ProgramBench bench;
+  bench.program.load();
+  bench.instrument.settings().meter.mode = simulator::LoggerMode::kRecord;
+  bench.instrument.clearLog();
+  bench.form().cmdBttn[0].click();
+  EXPECT_EQ(bench.instrument.log(), (Texts{"DFN??", "DPS??"}));
+  EXPECT_EQ(bench.form().SSTab1.tab(), 1);
+  EXPECT_TRUE(bench.form().picDmm.visible());
+  EXPECT_TRUE(bench.form().panDlog.visible());
+  EXPECT_FALSE(bench.form().picScope.visible());
+  EXPECT_TRUE(bench.form().picSwin[1].visible());
 }
 
 TEST_F(FrontPanel, EveryLoggerModeIsTakenUpByTheInstrument) {

@@ -53,6 +53,23 @@ TEST_F(UsbFailure, ADeviceThatIsNotThereIsReportedOnceAndNothingIsSent) {
   expectFailed();
 }
 
+TEST_F(UsbFailure, AMissingPermissionIsExplainedInPanelOneUntilTheDeviceOpens) {
+  hid.openErrors[1] = platform::HidOpenError::kNoPermission;
+  EXPECT_FALSE(exchange());
+  EXPECT_EQ(form.StatusBar1.panel(1), "No permission to open the instrument's device node");
+  EXPECT_NE(form.StatusBar1.toolTip(1).find("udev rule for vendor 10C4"), std::string::npos);
+  EXPECT_TRUE(exchange());
+  EXPECT_EQ(form.StatusBar1.panel(1), "");
+  EXPECT_EQ(form.StatusBar1.toolTip(1), "");
+}
+
+TEST_F(UsbFailure, AnAbsentDeviceLeavesPanelOneAlone) {
+  form.StatusBar1.setPanel(1, "a text of another");
+  hid.nodes.clear();
+  EXPECT_FALSE(exchange());
+  EXPECT_EQ(form.StatusBar1.panel(1), "a text of another");
+}
+
 TEST_F(UsbFailure, ADeviceThatMayNotBeOpenedIsReportedOnce) {
   hid.openErrors[1] = platform::HidOpenError::kNoPermission;
   EXPECT_FALSE(exchange());

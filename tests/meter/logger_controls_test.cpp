@@ -213,8 +213,10 @@ TEST_F(LoggerPanelControls, TheMemoryNumberStepsBetween0And15) {
   }
   form.madUD[1].click();
   EXPECT_EQ(form.txtMad.text(), "15");
-  form.madUD[0].click();
-  EXPECT_EQ(form.txtMad.text(), "14");
+  for (int number = 14; number >= 0; --number) {
+    form.madUD[0].click();
+    EXPECT_EQ(form.txtMad.text(), (number < 10 ? "0" : "") + std::to_string(number));
+  }
   EXPECT_EQ(hid.commands, Texts{});
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "tests/form/recording_view.h"
 #include "tests/protocol/reply_rig.h"
 
@@ -142,6 +144,27 @@ TEST_F(MeterReplies, TheLimitsAreTakenWhileTheSettingsWindowIsShown) {
   EXPECT_EQ(form_.txtSet[1].text(), "jklmnopq");
 }
 
+TEST_F(MeterReplies, ParametersTouchTheFieldsOfTheirModeAlone) {
+  const Texts fields[] = {
+      {"optLog_0", "optLog_1", "txtLog_0", "txtLog_1", "txtLog_2"},
+      {},
+      {"txtSet_0"},
+      {"txtSet_0", "txtSet_1"},
+      {"lblStm", "optLog_0", "optLog_1", "txtLog_0", "txtLog_1", "vdtrd_1", "vdtrd_2", "vdtrd_3", "vdtrd_7"}};
+  form_.picSet.setVisible(true);
+  form_.picSwin[0].setVisible(true);
+  for (int mode = 0; mode < 5; ++mode) {
+    showMode(mode);
+    form_.optLog[mode == 0 ? 0 : 1].setValue(true);
+    tests::RecordingView view;
+    form_.setView(&view);
+    item("dps:" + std::string(mode == 0 ? "1" : "0") + ",00" + std::to_string(mode) + "34567,01234567,5");
+    const std::set<std::string> changed(view.changes.begin(), view.changes.end());
+    EXPECT_EQ(Texts(changed.begin(), changed.end()), fields[mode]) << mode;
+    form_.setView(nullptr);
+  }
+}
+
 TEST_F(MeterReplies, TrendParametersAreCopiedToTheScale) {
   showMode(4);
   item("dps:1, 10.00  ,   2.5 V,3");
@@ -206,8 +229,8 @@ TEST_F(MeterReplies, ResultsAreFiveAdjacentFieldsOfTheMode) {
 TEST_F(MeterReplies, ShortResultsLeaveTheLaterFieldsEmpty) {
   showMode(2);
   item("drp:" + ruler(66));
-  item("drp:abcdefghij");
-  EXPECT_EQ(results(), (Texts{"abcdefgh", "ij", "", "", ""}));
+  item("drp:-bcdefghij");
+  EXPECT_EQ(results(), (Texts{"-bcdefgh", "ij", "", "", ""}));
 }
 
 TEST_F(MeterReplies, ResultsChangeNothingInOtherModesAndOnOtherTabs) {

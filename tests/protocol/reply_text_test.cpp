@@ -66,6 +66,15 @@ TEST(DecimalValue, FaultsOnAnythingElse) {
   }
 }
 
+TEST(NumberText, IsWithoutBlanksAtItsEndsAndWithoutAPlusSign) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},       {"  ", ""}, {" 0.5 ", "0.5"}, {"+0.5", "0.5"}, {" +1", "1"}, {"-1", "-1"},
+      {"+-1", "+-1"}, {"+", "+"}, {"++1", "+1"},    {"+ 1", " 1"},   {"1+", "1+"}};
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(numberText(text), expected) << text;
+  }
+}
+
 TEST(Trimmed, CutsBlanksAtBothEndsAlone) {
   const std::pair<const char*, const char*> cases[] = {
       {"", ""}, {"   ", ""}, {"a", "a"}, {"  a b  ", "a b"}, {"a ", "a"}, {" a", "a"}, {"\ta\t", "\ta\t"}};

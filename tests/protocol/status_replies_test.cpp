@@ -130,6 +130,14 @@ TEST_F(StatusReplies, ALoggingInstrumentTurnsTheRecordButtonToAYellowStop) {
   EXPECT_FALSE(state_.logEnd);
 }
 
+TEST_F(StatusReplies, NoOtherBitKeepsARunGoing) {
+  showMode(0);
+  showRunning();
+  item("sts:EF");
+  EXPECT_EQ(form_.chkLog1.caption(), "Start");
+  EXPECT_EQ(form_.grdLog.text(1, 1), "--EOD---");
+}
+
 TEST_F(StatusReplies, ARecordButtonThatReadsStopIsLeftWhileLoggingGoesOn) {
   showMode(0);
   form_.chkLog1.setCaption("Stop");

@@ -56,7 +56,7 @@ TEST_F(ChannelSetting, Bit4IsTheCoupling) {
     EXPECT_EQ(form.chkVac[channel].value(), 1);
     EXPECT_EQ(form.chkVac[channel].foreColor(), form::kRed);
     EXPECT_EQ(form.chkVac[channel].caption(), "AC");
-    show(channel, 0xE0);
+    show(channel, 0xE7);
     EXPECT_EQ(form.chkVac[channel].value(), 0);
     EXPECT_EQ(form.chkVac[channel].foreColor(), form::kButtonText);
     EXPECT_EQ(form.chkVac[channel].caption(), "DC");
@@ -69,7 +69,7 @@ TEST_F(ChannelSetting, Bit5IsTheAutoScale) {
     EXPECT_EQ(form.chkVat[channel].value(), 1);
     EXPECT_EQ(form.chkVat[channel].foreColor(), form::kRed);
     EXPECT_EQ(form.chkVat[channel].caption(), "Auto");
-    show(channel, 0xD0);
+    show(channel, 0xD7);
     EXPECT_EQ(form.chkVat[channel].value(), 0);
     EXPECT_EQ(form.chkVat[channel].foreColor(), form::kButtonText);
   }
@@ -82,7 +82,7 @@ TEST_F(ChannelSetting, Bit6IsTheChannelWithItsMarker) {
     EXPECT_EQ(form.chkVof[channel].foreColor(), form::kRed);
     EXPECT_EQ(form.chkVof[channel].caption(), "ON");
     EXPECT_TRUE(form.posDV[channel].visible());
-    show(channel, 0xB0);
+    show(channel, 0xB7);
     EXPECT_EQ(form.chkVof[channel].value(), 0);
     EXPECT_EQ(form.chkVof[channel].foreColor(), form::kButtonText);
     EXPECT_EQ(form.chkVof[channel].caption(), "OFF");

@@ -84,6 +84,13 @@ TEST_F(ScaleTables, DwellIsListedForTheMeterOnlyModelAlone) {
   }
 }
 
+TEST_F(ScaleTables, FillingThemAgainDoublesNoList) {
+  initLbl(form_, state_);
+  initLbl(form_, state_);
+  EXPECT_EQ(form_.cmbDmod.items().size(), 5U);
+  EXPECT_EQ(form_.cmbFun.items().size(), 8U);
+}
+
 TEST_F(ScaleTables, TheGridGetsItsHeaderRow) {
   initLbl(form_, state_);
   EXPECT_EQ(form_.grdLog.text(0, 0), "  R/No");

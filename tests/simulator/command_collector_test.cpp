@@ -20,7 +20,7 @@ std::vector<std::string> collected(const std::string& bytes) {
 using Texts = std::vector<std::string>;
 
 TEST(CommandCollector, TakesWhatStandsBetweenTheMarks) {
-  EXPECT_EQ(collected("xx\x02VDA??\x03yy\x02GTL\x03"), (Texts{"VDA??", "GTL"}));
+  EXPECT_EQ(collected("xx\x02VDA??\x03yy\x03\x02GTL\x03"), (Texts{"VDA??", "GTL"}));
 }
 
 TEST(CommandCollector, AStartMarkBeginsAnew) {

@@ -239,6 +239,19 @@ TEST(Trend, GivesPoints000To119AndLogsUntilOneIsLeft) {
   EXPECT_EQ(bench.ask("DRT??"), kAck);
 }
 
+TEST(Trend, LogsUntilOnePointIsLeftHoweverLateTheHostFetches) {
+  Bench bench;
+  bench.ask("DFN50;DPC04");
+  bench.clock.advance(1h);
+  for (int point = 0; point < 119; ++point) {
+    EXPECT_EQ(bench.ask("STS??"), "sts:50");
+    bench.ask("DRT??");
+  }
+  EXPECT_EQ(bench.ask("STS??"), "sts:40");
+  EXPECT_EQ(bench.ask("DRT??"), "drt:119:14");
+  EXPECT_EQ(bench.ask("STS??"), "sts:00");
+}
+
 TEST(Trend, PointsAre0To40WithTheOffsetInTheMiddleAndTenStepsADivision) {
   const std::pair<double, const char*> cases[] = {{0.0, "14"}, {1.0, "1E"},  {-1.0, "0A"},
                                                   {2.0, "28"}, {50.0, "28"}, {-50.0, "00"}};
@@ -299,6 +312,11 @@ TEST(Statistics, HaveTheSameWidthBeforeTheFirstReading) {
   EXPECT_EQ(LoggerStatistics().text(LoggerMode::kCompare, {}).size(), 38U);
 }
 
+TEST(Statistics, ShowNoReadingBeforeTheFirst) {
+  EXPECT_EQ(LoggerStatistics().text(LoggerMode::kRecord, {}),
+            "  ------ 00:00:00  ------ 00:00:00  ------ 00:00:00     000:00:00");
+}
+
 TEST(Statistics, Dpc00ZeroesThemAndGoesOn) {
   Bench bench;
   bench.ask("DFN40");
@@ -317,6 +335,16 @@ TEST(Statistics, APauseStopsThem) {
   bench.ask("DPC01");
   run(bench, 1s);
   EXPECT_EQ(bench.ask("DRP??").substr(34), "00:00:03");
+}
+
+TEST(Statistics, APauseTakesNoReadings) {
+  Bench bench;
+  bench.ask("DFN20");
+  run(bench, 2s);
+  bench.ask("DPC01");
+  run(bench, 60s);
+  bench.ask("DPC01");
+  EXPECT_EQ(bench.ask("DRP??").substr(55, 6), "     9");
 }
 
 TEST(Statistics, AreEmptyInTheOtherModes) {

@@ -86,6 +86,10 @@ TEST(Meter, AListTextHasEightCharactersForEveryFunctionAndRange) {
 
 TEST(Meter, ARecordEndsInTheCodeOfItsFunction) {
   EXPECT_EQ(recordText(readingOf(Function::kDcv, -0.0123)), " -12.3mV");
+  for (const double volts : {1.8, 18.0, 180.0, 800.0}) {
+    EXPECT_EQ(recordText(readingOf(Function::kDcv, volts)).substr(6), "V\x95");
+    EXPECT_EQ(recordText(readingOf(Function::kAcv, volts)).substr(6), "V\x96");
+  }
   EXPECT_EQ(recordText(readingOf(Function::kDcv, 4.8)), "  4.80V\x95");
   EXPECT_EQ(recordText(readingOf(Function::kAcv, 4.8)), "  4.80V\x96");
   EXPECT_EQ(recordText(readingOf(Function::kOhm, 1500.0)), " 1.500k ");

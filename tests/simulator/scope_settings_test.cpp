@@ -122,7 +122,7 @@ TEST(AutomaticScale, HorizontalAutoFollowsTheTriggerSource) {
 
 TEST(AutomaticScale, ASteadyVoltageKeepsTheTimeBase) {
   Bench bench;
-  bench.a().amplitude = 0.0;
+  bench.a() = {.amplitude = 0.0, .frequency = 50.0};
   EXPECT_EQ(bench.ask("HDVat;HDV??"), "hdv:47");
 }
 

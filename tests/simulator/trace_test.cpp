@@ -19,7 +19,10 @@ TEST(Trace, TheStartSettingsShowTwoDifferentStableTracesInTheirOwnHalves) {
   EXPECT_GE(lowest(first.b()), 61);
   EXPECT_GE(span(first.a()), 50);
   EXPECT_GE(span(first.b()), 50);
-  for (std::size_t i = 0; i < 125; ++i) EXPECT_NEAR(first.a()[i], second.a()[i], 2);
+  for (std::size_t i = 0; i < 125; ++i) {
+    EXPECT_NEAR(first.a()[i], second.a()[i], 2);
+    EXPECT_NEAR(first.b()[i], second.b()[i], 2);
+  }
 }
 
 TEST(Trace, TwoVoltsPeakToPeakAtOneVoltPerDivisionSpan28Steps) {

@@ -46,9 +46,9 @@ TEST(Trigger, ChannelBTriggersByItsOwnScaleAndPosition) {
 
 TEST(Trigger, TheExternalSourceHoldsASignalOfItsFrequencyStill) {
   Bench bench;
-  bench.a() = {.frequency = 1000.0, .phase = 0.25};
+  bench.a() = {.frequency = 1234.5, .phase = 0.25};
   bench.instrument.signal(Channel::kExternal) = {
-      .shape = Shape::kSine, .amplitude = 2.0, .frequency = 1000.0};
+      .shape = Shape::kSine, .amplitude = 2.0, .frequency = 1234.5};
   bench.ask("TRGse");
   const auto first = bench.frame().a();
   bench.clock.advance(345678ns);
@@ -144,6 +144,14 @@ TEST(Trigger, ASingleShotWaitsWhileNothingTriggers) {
   bench.clock.advance(10s);
   EXPECT_EQ(bench.ask("STS??"), "sts:02");
   bench.ask("TLV80");
+  EXPECT_EQ(bench.ask("STS??"), "sts:03");
+}
+
+TEST(Trigger, ASingleShotWaitsForItsTriggerThoughAllItShowsIsThere) {
+  Bench bench;
+  bench.clock.advance(100us);
+  EXPECT_EQ(bench.ask("HPOFF;TRGso;STS??"), "sts:02");
+  bench.clock.advance(1ms);
   EXPECT_EQ(bench.ask("STS??"), "sts:03");
 }
 

@@ -75,6 +75,26 @@ TEST(UsbEndpoint, BytesBehindTheEndMarkAreFiller) {
   EXPECT_EQ(cable.instrument.log().back(), "HPO??");
 }
 
+TEST(UsbEndpoint, ANewCommandInPartAlreadyDropsTheEarlierAnswer) {
+  Cable cable;
+  cable.host.send("DRS??");
+  cable.endpoint.discardInput();
+  cable.report = {2, 'V', 'D', 'A'};
+  cable.endpoint.write(cable.report);
+  cable.report[0] = 4;
+  cable.endpoint.write(cable.report);
+  EXPECT_EQ(cable.endpoint.read(cable.report, 10ms).outcome, ReadResult::kTimedOut);
+}
+
+TEST(UsbEndpoint, BehindTheEndMarkOfAnAnswerStandsWhatTheReportBeforeLeftThere) {
+  Cable cable;
+  cable.exchange("VDA??;VDB??");
+  cable.host.send("VDA??");
+  cable.endpoint.read(cable.report, 10ms);
+  const std::string bytes(cable.report.begin(), cable.report.begin() + 15);
+  EXPECT_EQ(bytes, "\x02vda:44\x03vdb:43\x03");
+}
+
 TEST(UsbEndpoint, TheDormantPrefixIsSkipped) {
   Cable cable;
   cable.host.send("HPO??", true);

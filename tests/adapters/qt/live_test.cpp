@@ -93,6 +93,23 @@ TEST_F(Live, TheSamplesThatTheInstrumentSendsAreTheTracesOnTheScreen) {
   expectTrace(image, sent.b, isGreen);
 }
 
+TEST_F(Live, TheMarkersStandAtTheTracesOnTheScreen) {
+  goLive();
+  const auto middle = [this](const char* name) {
+    const QWidget* marker = find(name);
+    return QRectF(marker->geometry()).center();
+  };
+  const auto& settings = instrument.settings();
+  for (int channel = 0; channel < 2; ++channel) {
+    const int zero = channel == 0 ? settings.a.position : settings.b.position;
+    EXPECT_NEAR(middle(channel == 0 ? "posDV_0" : "posDV_1").y(), pointOf(0, zero).y(), 1.5);
+  }
+  EXPECT_NEAR(middle("posT").y(), pointOf(0, settings.a.position - (settings.trigger.level - 128)).y(), 1.5);
+  const auto trigger = static_cast<std::size_t>(settings.timeBase.position);
+  EXPECT_NEAR(middle("markT").x(), pointOf(trigger, 0).x(), 1.5);
+  EXPECT_NEAR(instrument.trace().a[trigger], settings.a.position - (settings.trigger.level - 128), 2);
+}
+
 TEST_F(Live, AKnobTurnedOnThePanelChangesTheTraceOnTheScreen) {
   goLive();
   const auto before = instrument.trace();
