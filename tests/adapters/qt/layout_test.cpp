@@ -65,14 +65,25 @@ TEST_F(Layout, NothingIsClippedOnTheMeterTab) {
   }
 }
 
-TEST_F(Layout, MaximisedThePanelGrowsAndNothingIsClipped) {
+TEST_F(Layout, AtTwiceTheSizeThePanelGrowsAndNothingIsClipped) {
   goLive();
   const int before = find("picScope")->width();
+  window().resize(window().size() * 2);
+  window().binder().flush();
+  EXPECT_NEAR(find("picScope")->width(), 2 * before, 2);
+  EXPECT_EQ(clipped(), QStringList());
+}
+
+TEST_F(Layout, MaximisedTheWindowFillsTheScreenAndRestoredItSnapsBack) {
+  const QSize normal = window().size();
   window().showMaximized();
   turn();
   EXPECT_TRUE(window().isMaximized());
-  EXPECT_GT(find("picScope")->width(), before);
-  EXPECT_EQ(clipped(), QStringList());
+  EXPECT_NEAR(window().frameGeometry().height(), window().screen()->availableSize().height(), 1);
+  window().showNormal();
+  turn();
+  turn();
+  EXPECT_EQ(window().size(), normal);
 }
 
 TEST_F(Layout, NoWidgetReachesBeyondThePanelThatHoldsItAtAnySize) {

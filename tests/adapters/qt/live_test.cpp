@@ -1,5 +1,6 @@
 #include <QImage>
 #include <QLabel>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -24,10 +25,13 @@ class Live : public WindowTest {
     return image;
   }
 
-  QPointF pointOf(std::size_t sample, int value) {
+  // Where a sample stands in the picture's widget, and in its image, whose pixels may be finer.
+  QPointF placeOf(std::size_t sample, int value) {
     return find<adapters::PictureView>("picScope")
         ->fromTwips(510 + 30 * static_cast<int>(sample), 30 * value - 170);
   }
+  QPointF pointOf(std::size_t sample, int value) { return placeOf(sample, value) * fineness(); }
+  double fineness() { return window().devicePixelRatio(); }
 
   static bool isRed(QRgb pixel) { return qRed(pixel) > 90 && qRed(pixel) > 2 * qGreen(pixel); }
   static bool isGreen(QRgb pixel) { return qGreen(pixel) > 90 && qGreen(pixel) > 2 * qRed(pixel); }
@@ -62,13 +66,15 @@ class Live : public WindowTest {
     for (std::size_t i = 0; i < trace.size(); ++i) {
       const QPointF point = pointOf(i, trace[i]);
       if (image.rect().adjusted(1, 1, -1, -1).contains(point.toPoint())) {
-        EXPECT_TRUE(near(image, point, 1, isTrace)) << "sample " << i << " is not on the screen";
+        EXPECT_TRUE(near(image, point, qCeil(fineness()), isTrace))
+            << "sample " << i << " is not on the screen";
       }
     }
     for (int y = 0; y < image.height(); ++y) {
       for (int x = 0; x < image.width(); ++x) {
         if (isTrace(image.pixel(x, y))) {
-          EXPECT_LT(distanceTo(trace, QPointF(x + 0.5, y + 0.5)), 1.6) << "stray pixel " << x << ", " << y;
+          EXPECT_LT(distanceTo(trace, QPointF(x + 0.5, y + 0.5)), 1.6 * fineness())
+              << "stray pixel " << x << ", " << y;
         }
       }
     }
@@ -102,11 +108,11 @@ TEST_F(Live, TheMarkersStandAtTheTracesOnTheScreen) {
   const auto& settings = instrument.settings();
   for (int channel = 0; channel < 2; ++channel) {
     const int zero = channel == 0 ? settings.a.position : settings.b.position;
-    EXPECT_NEAR(middle(channel == 0 ? "posDV_0" : "posDV_1").y(), pointOf(0, zero).y(), 1.5);
+    EXPECT_NEAR(middle(channel == 0 ? "posDV_0" : "posDV_1").y(), placeOf(0, zero).y(), 1.5);
   }
-  EXPECT_NEAR(middle("posT").y(), pointOf(0, settings.a.position - (settings.trigger.level - 128)).y(), 1.5);
+  EXPECT_NEAR(middle("posT").y(), placeOf(0, settings.a.position - (settings.trigger.level - 128)).y(), 1.5);
   const auto trigger = static_cast<std::size_t>(settings.timeBase.position);
-  EXPECT_NEAR(middle("markT").x(), pointOf(trigger, 0).x(), 1.5);
+  EXPECT_NEAR(middle("markT").x(), placeOf(trigger, 0).x(), 1.5);
   EXPECT_NEAR(instrument.trace().a[trigger], settings.a.position - (settings.trigger.level - 128), 2);
 }
 
@@ -137,8 +143,8 @@ TEST_F(Live, AChannelSwitchedOffLeavesTheScreen) {
 
 TEST_F(Live, TheGraticuleStaysWhenThePictureIsCleared) {
   const QImage empty = picture();
-  const QPoint crossing =
-      find<adapters::PictureView>("picScope")->fromTwips(510 + 5 * 372, 10 + 4 * 420).toPoint();
+  const QPointF middle = find<adapters::PictureView>("picScope")->fromTwips(510 + 5 * 372, 10 + 4 * 420);
+  const QPoint crossing = (QPointF(middle.toPoint()) * fineness()).toPoint();
   EXPECT_GT(qGray(empty.pixel(crossing)), 60);
   goLive();
   form().picScope.cls();
