@@ -42,7 +42,8 @@ void Program::tie() {
   sampling.connectEvents();
   loggerControls.connectEvents();
   form.SSTab1.onSwitch = [this] { meter::SSTab1_Switch(form, state, connection); };
-  form.cmdBttn.onEach(&form::Button::onClick, [this](int index) { connection.cmdBttn_Click(index); });
+  form.cmdBttn[0].onClick = [this] { connectOrDisconnect(); };
+  form.cmdBttn[1].onClick = [this] { connection.cmdBttn_Click(1); };
 }
 
 void Program::load() {
@@ -52,15 +53,31 @@ void Program::load() {
   prepareWindow();
 }
 
-void Program::identify() {
+// Tries the product identifiers of all models and keeps the one that is there; True when it could be opened.
+bool Program::findInstrument() {
   for (int productId = kFirstProductId; productId <= kLastProductId; ++productId) {
     link.usbProductId = static_cast<std::int16_t>(productId);
-    if (connection.apiUsb().findDevice()) {
-      connection.trans_usb(protocol::kQueryIdentity);
-      return;
+    const bool opened = connection.apiUsb().findDevice();
+    if (opened || connection.apiUsb().openError() != platform::HidOpenError::kNotFound) {
+      return opened;
     }
   }
   link.usbProductId = kFirstProductId;
+  return false;
+}
+
+void Program::identify() {
+  if (findInstrument()) {
+    connection.trans_usb(protocol::kQueryIdentity);
+  }
+}
+
+// As long as no model is known, any of the family may have been plugged in meanwhile.
+void Program::connectOrDisconnect() {
+  if (!connection.connected() && state.modelId.empty()) {
+    findInstrument();
+  }
+  connection.cmdBttn_Click(0);
 }
 
 void Program::showModel() {

@@ -49,7 +49,9 @@ class Program {
 
  private:
   void tie();
+  bool findInstrument();
   void identify();
+  void connectOrDisconnect();
   void showModel();
   void prepareWindow();
 };

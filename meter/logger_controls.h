@@ -7,8 +7,8 @@
 
 namespace vireon::meter {
 
-// The handlers of the logger's recording and statistics and of the waveform memory. While state.uiBusy holds
-// nothing is sent.
+// The handlers of the logger's recording and statistics and of the waveform memory. While state.uiBusy holds,
+// no control whose value a reply can move sends anything; the plain buttons always do.
 class LoggerControls {
  public:
   LoggerControls(form::MainForm& form, protocol::InstrumentState& state, link::ConnectionControl& link,

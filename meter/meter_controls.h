@@ -8,7 +8,7 @@
 namespace vireon::meter {
 
 // The handlers of the meter's controls on both tabs; the displays follow the replies. While state.uiBusy
-// holds nothing is sent.
+// holds, no control whose value a reply can move sends anything; the plain buttons always do.
 class MeterControls {
  public:
   MeterControls(form::MainForm& form, protocol::InstrumentState& state, link::ConnectionControl& link,

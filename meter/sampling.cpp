@@ -16,6 +16,9 @@ double secondsOf(std::string text) {
   const std::string_view digits = protocol::numberText(text);
   double value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (error == std::errc::result_out_of_range) {
+    return text.find('-') == std::string::npos ? Sampling::kLongest + 1 : 0;
+  }
   const bool wholeText = end == digits.data() + digits.size();
   return error == std::errc() && wholeText && std::isfinite(value) ? value : 0;
 }

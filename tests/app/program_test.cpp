@@ -199,5 +199,27 @@ TEST(Shutdown, TheExitButtonTakesLeaveAndUnloads) {
   EXPECT_EQ(bench.instrument.log(), Texts{"GTL"});
 }
 
+TEST(ConnectButton, FindsAnyModelThatWasPluggedInAfterTheStart) {
+  for (const Model model : {Model::kK7310, Model::kK7210, Model::kK7201, Model::kK7900}) {
+    ProgramBench bench(model);
+    bench.endpoint.unplug();
+    bench.program.load();
+    bench.endpoint.plug();
+    bench.form().cmdBttn[0].click();
+    EXPECT_TRUE(bench.program.connection.connected());
+    EXPECT_EQ(bench.instrument.log(), Texts{"DFN??"});
+    EXPECT_EQ(bench.messages.count(), 0U);
+  }
+}
+
+TEST(ConnectButton, TellsOnceThatNothingIsPluggedIn) {
+  ProgramBench bench;
+  bench.endpoint.unplug();
+  bench.program.load();
+  bench.form().cmdBttn[0].click();
+  EXPECT_FALSE(bench.program.connection.connected());
+  EXPECT_EQ(bench.messages.count(), 1U);
+}
+
 }  // namespace
 }  // namespace vireon::app
