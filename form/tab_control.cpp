@@ -6,6 +6,9 @@ namespace vireon::form {
 
 void TabControl::setCaptions(std::vector<std::string> captions) {
   const int count = static_cast<int>(captions.size());
+  if (count < 1) {
+    throw Fault(FaultKind::kPropertyValue);
+  }
   assign(captions_, std::move(captions));
   setTabs(count);
 }

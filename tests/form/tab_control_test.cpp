@@ -96,5 +96,10 @@ TEST_F(TabControlTest, FewerThanOneTabIsAFault) {
   EXPECT_EQ(tabs_.tabs(), 2);
 }
 
+TEST_F(TabControlTest, AStripWithoutATabIsAFaultThatChangesNothing) {
+  expectFault(FaultKind::kPropertyValue, [this] { tabs_.setCaptions({}); });
+  EXPECT_EQ(tabs_.captions(), (Names{"Scope", "Meter"}));
+}
+
 }  // namespace
 }  // namespace vireon::form
