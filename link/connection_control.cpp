@@ -1,5 +1,6 @@
 #include "link/connection_control.h"
 
+#include "link/sampling_switch.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
@@ -37,7 +38,7 @@ void ConnectionControl::usbFail() {
   form_.StatusBar1.setPanel(2, "Disconnected");
   messages_.show({"Connection Error", "Device not detected...Please check USB cable & connector.",
                   platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
-  stopSampling();
+  switchSampling(form_, false);
   showConnected(false);
   lamps(form::kWhite, form::kWhite);
 }
@@ -69,7 +70,7 @@ void ConnectionControl::connect() {
 
 void ConnectionControl::disconnect() {
   showConnected(false);
-  stopSampling();
+  switchSampling(form_, false);
   if (link_.onUsb()) {
     trans_usb(protocol::kGoToLocal);
     apiUsb_.closeDevice();
@@ -96,12 +97,6 @@ void ConnectionControl::showConnected(bool connected) {
   form_.panScon.setEnabled(connected);
   form_.cmdStart.setEnabled(connected);
   form_.txtSTime.setEnabled(connected);
-}
-
-void ConnectionControl::stopSampling() {
-  form_.cmdStart.setCaption("Start");
-  form_.cmdStart.setBackColor(form::kButtonFace);
-  form_.tmrInt.setEnabled(false);
 }
 
 }  // namespace vireon::link

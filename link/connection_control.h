@@ -66,11 +66,11 @@ class ConnectionControl {
 
  private:
   bool openDevice();
+  bool writeReport();
   bool sendReports(std::string_view command);
   bool receiveReports();
   bool takeReport();
   void lamps(form::Color transmit, form::Color receive);
-  void stopSampling();
   void connect();
   void disconnect();
 

@@ -40,6 +40,17 @@ bool ConnectionControl::openDevice() {
   return found;
 }
 
+// Writes outReport; False when that failed and the failure path ran.
+bool ConnectionControl::writeReport() {
+  apiUsb_.writeReport();
+  if (link_.usbResult == 1) {
+    return true;
+  }
+  apiUsb_.prepareRead();
+  usbFail();
+  return false;
+}
+
 bool ConnectionControl::sendReports(std::string_view command) {
   auto& out = apiUsb_.outReport;
   std::size_t txPos = 0;
@@ -55,10 +66,7 @@ bool ConnectionControl::sendReports(std::string_view command) {
       pktEnd = txPos == command.size();
       out[j++] = pktEnd ? protocol::kEtx : static_cast<std::uint8_t>(command[txPos++]);
     }
-    apiUsb_.writeReport();
-    if (link_.usbResult != 1) {
-      apiUsb_.prepareRead();
-      usbFail();
+    if (!writeReport()) {
       return false;
     }
   }
@@ -83,10 +91,7 @@ bool ConnectionControl::receiveReports() {
       return true;
     }
     apiUsb_.outReport[0] = protocol::kEot;
-    apiUsb_.writeReport();
-    if (link_.usbResult != 1) {
-      apiUsb_.prepareRead();
-      usbFail();
+    if (!writeReport()) {
       return false;
     }
   }

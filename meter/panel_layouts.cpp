@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "link/sampling_switch.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::meter {
@@ -53,12 +54,6 @@ void showStatistics(form::MainForm& form, int mode) {
   form.picSwin[1].setVisible(true);
 }
 
-void setSampling(form::MainForm& form, bool running) {
-  form.cmdStart.setCaption(running ? "Stop" : "Start");
-  form.cmdStart.setBackColor(running ? form::kLightGreen : form::kButtonFace);
-  form.tmrInt.setEnabled(running);
-}
-
 }  // namespace
 
 void setTabPan(form::MainForm& form) {
@@ -85,17 +80,17 @@ void setSubPan(form::MainForm& form, int mode) {
 }
 
 void SSTab1_Switch(form::MainForm& form, const protocol::InstrumentState& state,
-                   link::ConnectionControl& link) {
+                   link::ConnectionControl& connection) {
   if (state.uiBusy) {
     return;
   }
-  setSampling(form, false);
+  link::switchSampling(form, false);
   if (form.SSTab1.tab() == 0) {
-    setSampling(form, state.ackSeen);
-    link.transUsbOnly("DFN0" + std::to_string(form.cmbFun.listIndex()) + ";" +
-                      std::string(protocol::kQueryScope));
+    link::switchSampling(form, state.ackSeen);
+    connection.transUsbOnly("DFN0" + std::to_string(form.cmbFun.listIndex()) + ";" +
+                            std::string(protocol::kQueryScope));
   } else if (form.SSTab1.tab() == 1) {
-    link.transUsbOnly("DFN1" + std::to_string(form.optFun.selected()) + ";DFN??;DPS??");
+    connection.transUsbOnly("DFN1" + std::to_string(form.optFun.selected()) + ";DFN??;DPS??");
   }
   setTabPan(form);
 }

@@ -15,6 +15,6 @@ void setSubPan(form::MainForm& form, int mode);
 
 // Brings the instrument into the mode of the tab that the user picks; stays silent under state.uiBusy.
 void SSTab1_Switch(form::MainForm& form, const protocol::InstrumentState& state,
-                   link::ConnectionControl& link);
+                   link::ConnectionControl& connection);
 
 }  // namespace vireon::meter

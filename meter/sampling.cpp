@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "link/sampling_switch.h"
 #include "protocol/reply_text.h"
 #include "protocol/vocabulary.h"
 
@@ -36,9 +37,7 @@ void Sampling::cmdStart_Click() {
   if (form_.cmdStart.caption() == "Start") {
     start();
   } else if (form_.chkLog1.caption() != "Stop") {
-    form_.cmdStart.setCaption("Start");
-    form_.cmdStart.setBackColor(form::kButtonFace);
-    form_.tmrInt.setEnabled(false);
+    link::switchSampling(form_, false);
   }
 }
 
@@ -57,10 +56,8 @@ double Sampling::samplingTime() {
 void Sampling::start() {
   const double seconds = samplingTime();
   timeInForce_ = form_.txtSTime.text();
-  form_.cmdStart.setCaption("Stop");
-  form_.cmdStart.setBackColor(form::kLightGreen);
   form_.tmrInt.setInterval(static_cast<int>(std::nearbyint(seconds * 1000)));
-  form_.tmrInt.setEnabled(true);
+  link::switchSampling(form_, true);
   if (protocol::trimmed(state_.modelId) == protocol::kMeterModel &&
       !link_.transUsbOnly(protocol::kQueryFunctionText)) {
     return;

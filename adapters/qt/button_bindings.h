@@ -7,15 +7,13 @@
 
 namespace vireon::adapters {
 
-// What the three kinds of buttons share: caption, colours, and the click of mouse or keyboard.
-class ButtonBinding : public Binding {
+// What the three kinds of buttons share: caption and colours.
+class CaptionBinding : public Binding {
  public:
-  ButtonBinding(form::Button& control, QAbstractButton& widget);
+  CaptionBinding(const form::Captioned& control, QAbstractButton& widget);
   void show() override;
 
  protected:
-  // Without a click connection; for the kinds that have a value.
-  ButtonBinding(const form::Captioned& control, QAbstractButton& widget, int valued);
   QAbstractButton& button() const { return button_; }
 
  private:
@@ -25,7 +23,12 @@ class ButtonBinding : public Binding {
   form::Color backColor_ = form::kButtonFace;
 };
 
-class CheckBoxBinding : public ButtonBinding {
+class ButtonBinding : public CaptionBinding {
+ public:
+  ButtonBinding(const form::Button& control, QAbstractButton& widget);
+};
+
+class CheckBoxBinding : public CaptionBinding {
  public:
   CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget);
   void show() override;
@@ -34,7 +37,7 @@ class CheckBoxBinding : public ButtonBinding {
   form::CheckBox& control_;
 };
 
-class OptionButtonBinding : public ButtonBinding {
+class OptionButtonBinding : public CaptionBinding {
  public:
   OptionButtonBinding(form::OptionButton& control, QAbstractButton& widget);
   void show() override;
