@@ -181,7 +181,7 @@ class FakeRawHid : public platform::RawHid {
   };
 
   void take(std::span<const std::uint8_t> payload) {
-    if (!collecting_ && payload[0] == 4) {
+    if (!collecting_ && !payload.empty() && payload.front() == 4) {
       deliverNext();
       return;
     }
