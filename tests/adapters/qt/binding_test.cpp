@@ -23,16 +23,15 @@ TEST_F(BindingOf, ACheckBoxSendsWhatItsUserChose) {
   EXPECT_TRUE(find<QAbstractButton>("chkVac_0")->isChecked());
 }
 
-TEST_F(BindingOf, ACheckBoxFallsBackWhenTheInstrumentRefuses) {
-  simulator::Faults faults;
-  faults.refuse = true;
-  endpoint.setFaults(faults);
+TEST_F(BindingOf, ACheckBoxFollowsTheReplyOverItsUsersClick) {
   click("chkHat");
-  endpoint.setFaults({});
-  tick();
-  program().sampling.tmrInt_Timer();
+  ASSERT_TRUE(find<QAbstractButton>("chkHat")->isChecked());
+  {
+    const protocol::UiBusyScope busy(program().state);
+    program().interpreter.dspSinf("hdv:07");
+  }
   turn();
-  EXPECT_EQ(find<QAbstractButton>("chkHat")->isChecked(), form().chkHat.value() == 1);
+  EXPECT_FALSE(find<QAbstractButton>("chkHat")->isChecked());
 }
 
 TEST_F(BindingOf, OptionButtonsExcludeEachOther) {
