@@ -7,7 +7,7 @@
 
 // Sectioned settings texts by the rules of profile strings. Lines end with CR LF, LF or CR. Names of sections
 // and keys are compared without case (ASCII alone) and without the blanks and tabs around them. Bytes above
-// 127 stand for themselves. Of sections and keys of one name the first that holds a value counts.
+// 127 stand for themselves. Of sections of one name the first that holds the key counts, of keys the first.
 namespace vireon::app {
 
 // The longest value in bytes: a buffer of 1024 with its end.

@@ -1,7 +1,6 @@
 #include "adapters/hid/node_probe.h"
 
 #include <gtest/gtest.h>
-#include <sys/fsuid.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -9,6 +8,8 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+
+#include "tests/fakes/unprivileged.h"
 
 namespace vireon::tests {
 namespace {
@@ -29,19 +30,6 @@ class NodeProbeTest : public testing::Test {
   }
 
   std::filesystem::path folder_;
-};
-
-// File access of an account without rights, also where the tests run as root.
-class Unprivileged {
- public:
-  Unprivileged() : before_(::setfsuid(kNobody)) {}
-  Unprivileged(const Unprivileged&) = delete;
-  Unprivileged& operator=(const Unprivileged&) = delete;
-  ~Unprivileged() { ::setfsuid(static_cast<uid_t>(before_)); }
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  int before_ = 0;
 };
 
 HidOpenError errorFor(const std::string& path) {
