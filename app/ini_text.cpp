@@ -6,10 +6,8 @@
 namespace vireon::app {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 constexpr std::string_view kBlanks = " \t";
-constexpr std::string_view kValueEnds = "\r\n\0"sv;
+constexpr std::string_view kValueEnds("\r\n\0", 3);
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 bool isUtf16(std::string_view text) {
@@ -94,9 +92,10 @@ Place findKey(std::string_view text, std::string_view section, std::string_view 
 }
 
 bool isWritable(std::string_view section, std::string_view key) {
-  return !section.empty() && section.find_first_of("]\r\n\0"sv) == std::string_view::npos && !key.empty() &&
-         key.find_first_of("=\r\n\0"sv) == std::string_view::npos && !key.starts_with(';') &&
-         !key.starts_with('[');
+  return !section.empty() &&
+         section.find_first_of(std::string_view("]\r\n\0", 4)) == std::string_view::npos && !key.empty() &&
+         key.find_first_of(std::string_view("=\r\n\0", 4)) == std::string_view::npos &&
+         !key.starts_with(';') && !key.starts_with('[');
 }
 
 // That of the first line; CR LF where there is none.
