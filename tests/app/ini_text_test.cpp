@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,10 @@ struct Reading {
   std::string text;
   std::string value;  // of section "ComPort", key "ComPort"
 };
+
+void PrintTo(const Reading& reading, std::ostream* out) {
+  *out << reading.fact;
+}
 
 class IniReading : public testing::TestWithParam<Reading> {};
 
@@ -43,8 +48,9 @@ INSTANTIATE_TEST_SUITE_P(
         {"CommentsAreNoKeys", "[ComPort]\n;ComPort=1\n \t;ComPort=2\nComPort=3\n", "3"},
         {"CommentsAreNoSections", ";[ComPort]\nComPort=1\n", ""},
         {"TextBehindTheValueBelongsToIt", "[ComPort]\nComPort=1 ;2\n", "1 ;2"},
-        {"OtherKeys", "[ComPort]\nComPor=0\nComPort1=2\nComPort=1\n", "1"},
-        {"OtherSections", "[ComPor]\nComPort=0\n[ComPort]\nComPort=1\n[BaudRate]\nComPort=2\n", "1"},
+        {"OtherKeys", "[ComPort]\nComPor=0\nComPord=3\nComPort1=2\nComPort=1\n", "1"},
+        {"OtherSections",
+         "[ComPor]\nComPort=0\n[ComPord]\nComPort=3\n[ComPort]\nComPort=1\n[BaudRate]\nComPort=2\n", "1"},
         {"KeyOfAnotherSection", "[ComPort]\n[BaudRate]\nComPort=2\n", ""},
         {"FirstKeyCounts", "[ComPort]\nComPort=1\nComPort=2\n", "1"},
         {"FirstSectionCounts", "[ComPort]\nComPort=1\n[ComPort]\nComPort=2\n", "1"},
@@ -76,6 +82,10 @@ INSTANTIATE_TEST_SUITE_P(
     }),
     [](const auto& row) { return row.param.fact; });
 
+TEST(IniReadingNames, OfCommentsAreNoKeys) {
+  EXPECT_EQ(iniValue("[A]\n;A=1\n", "A", ";A"), "");
+}
+
 TEST(IniReadingNames, AreTakenWithoutBlanksAndNeverEmpty) {
   const std::string text = "[]\n=0\nA=1\n[A]\nA=2\n=3\n";
 
@@ -89,6 +99,10 @@ struct Writing {
   std::string before;
   std::string after;  // with section "Tabs", key "Tabs" set to "2"
 };
+
+void PrintTo(const Writing& writing, std::ostream* out) {
+  *out << writing.fact;
+}
 
 class IniWriting : public testing::TestWithParam<Writing> {};
 
