@@ -130,6 +130,7 @@ void flushFolder(const PosixCalls& calls, const std::string& folder) {
 }
 
 int replaceFile(const PosixCalls& calls, std::string path, std::string_view bytes) {
+  if (path.empty()) return ENOENT;
   std::optional<struct stat> old;
   if (const int error = findTarget(calls, path, old); error != 0) return error;
   if (old) {
