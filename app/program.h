@@ -1,13 +1,24 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/settings_file.h"
 #include "form/main_form.h"
+#include "link/advice.h"
 #include "link/connection_control.h"
 #include "meter/logger_controls.h"
 #include "meter/meter_controls.h"
 #include "meter/sampling.h"
 #include "platform/beeper.h"
+#include "platform/file_store.h"
 #include "platform/message_box.h"
+#include "platform/message_pump.h"
 #include "platform/raw_hid.h"
+#include "platform/search_view.h"
+#include "platform/serial_port.h"
 #include "platform/wall_clock.h"
 #include "protocol/reply_dispatcher.h"
 #include "scope/scope_controls.h"
@@ -18,22 +29,41 @@ namespace vireon::app {
 // What the program needs from the computer; each outlives the program.
 struct ProgramPorts {
   platform::RawHid& hid;
+  platform::SerialPort& serialPort;
+  platform::MessagePump& pump;
   platform::MessageBoxes& messages;
+  platform::SearchView& searchView;
   platform::Beeper& beeper;
   const platform::WallClock& clock;
+  platform::FileStore& files;
 };
 
-// All parts of the program tied together, still without a toolkit.
+// All parts of the program tied together, still without a toolkit, and the life of its window.
 class Program {
  public:
-  explicit Program(const ProgramPorts& ports);
+  // `folder` is the program's own, where "vireon.ini" lies.
+  Program(const ProgramPorts& ports, const std::string& folder);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  ~Program();
 
-  // Looks for an instrument on USB, asks it for its identity when there is one, and prepares the window,
-  // which starts disconnected.
-  void load();
+  // Reads the settings and prepares the window, which starts disconnected. Where there are none yet, finds
+  // the instrument first and writes them; this pumps messages, for 8 s at most on the serial ports. False
+  // when the program is to end: nothing usable was found and the user knows, or the user ended the search.
+  bool Form_Load();
+
+  // Offers to keep port and rate as they are now, on a serial link.
+  void Form_QueryUnload();
 
   // Takes leave of an open instrument; the last thing before the window goes.
-  void unload() { connection.release(); }
+  void Form_Unload();
+
+  // The window is asked to close. True when it may, then the two above have run. False while something is
+  // under way on the link: that is ended where it can be, and closeLater is called after it.
+  bool requestClose();
+
+  // Asks the window to close at its next turn.
+  std::function<void()> closeLater;
 
   form::MainForm form;
   protocol::InstrumentState state;
@@ -49,11 +79,27 @@ class Program {
 
  private:
   void tie();
-  bool findInstrument();
-  void identify();
-  void connectOrDisconnect();
-  void showModel();
+  bool firstRun();
+  bool findOnUsb();
+  bool identify();
+  bool deviceNotFound(const char* text);
+  void writeSettings();
+  void readSettings();
+  void write(const char* key, const std::string& value);
+  std::string read(const char* key, const std::string& inHand);
   void prepareWindow();
+
+  platform::MessagePump& pump_;
+  platform::MessageBoxes& messages_;
+  platform::SearchView& searchView_;
+  SettingsFile settings_;
+  std::string settingsPath_;
+  std::string tabCount_;
+  std::vector<std::string> unwritten_;  // keys whose values live in this run alone
+  std::optional<link::Advice> usbAdvice_;
+  bool loaded_ = false;
+  bool cancelled_ = false;
+  bool closeWanted_ = false;
 };
 
 }  // namespace vireon::app

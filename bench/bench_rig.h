@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "app/memory_file_store.h"
 #include "app/program.h"
 #include "app/simulated_hid.h"
 
@@ -25,6 +26,32 @@ class FixedClock : public platform::WallClock {
   platform::CalendarTime now() const override { return {}; }
 };
 
+class NoSerialPort : public platform::SerialPort {
+ public:
+  platform::SerialOpenResult open(int /*com*/, const platform::SerialSettings& /*settings*/) override {
+    return {platform::SerialOpenError::kNotFound, {}, {}, false};
+  }
+  void close() override {}
+  bool isOpen() const override { return false; }
+  bool write(std::span<const std::uint8_t> /*bytes*/) override { return false; }
+  std::size_t available() const override { return 0; }
+  std::vector<std::uint8_t> read(std::size_t /*limit*/) override { return {}; }
+};
+
+class IdlePump : public platform::MessagePump {
+ public:
+  void pump() override {}
+  void wait() override {}
+};
+
+class NoSearchView : public platform::SearchView {
+ public:
+  void begin() override {}
+  void trying(int /*com*/, std::string_view /*baudRate*/, int /*step*/) override {}
+  void advise(const std::string& /*line*/, const std::string& /*text*/) override {}
+  void end() override {}
+};
+
 // A simulated instrument whose time moves by a millisecond with each frame.
 struct Bench {
   simulator::ManualClock clock;
@@ -38,10 +65,14 @@ struct Rig : Bench {
   SilentMessages messages;
   SilentBeeper beeper;
   FixedClock wallClock;
-  app::Program program{{hid, messages, beeper, wallClock}};
+  NoSerialPort serialPort;
+  IdlePump pump;
+  NoSearchView searchView;
+  app::MemoryFileStore files;
+  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files}, ""};
 
   Rig() {
-    program.load();
+    program.Form_Load();
     program.form.cmdBttn[0].click();
     program.form.cmdStart.click();
     program.form.tmrInt.tick();

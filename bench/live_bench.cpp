@@ -40,7 +40,10 @@ struct LiveRig {
   vireon::simulator::Instrument instrument{vireon::simulator::Model::kK7310, clock};
   vireon::simulator::UsbEndpoint endpoint{instrument, clock};
   vireon::app::SimulatedHid hid{endpoint, vireon::simulator::Model::kK7310};
-  vireon::app::Session session{hid};
+  vireon::bench::NoSerialPort serialPort;
+  vireon::app::MemoryFileStore files;
+  vireon::adapters::ModalGate gate;
+  vireon::app::Session session{{hid, serialPort, files}, "", gate};
 
   LiveRig() { session.show(); }
 

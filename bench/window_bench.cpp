@@ -10,7 +10,10 @@
 namespace {
 
 struct WindowRig : vireon::bench::Bench {
-  vireon::app::Session session{hid};
+  vireon::bench::NoSerialPort serialPort;
+  vireon::app::MemoryFileStore files;
+  vireon::adapters::ModalGate gate;
+  vireon::app::Session session{{hid, serialPort, files}, "", gate};
 
   WindowRig() {
     session.show();

@@ -7,10 +7,12 @@ namespace vireon::link {
 bool ApiUsb::findDevice() {
   closeDevice();
   openError_ = platform::HidOpenError::kNotFound;
+  triedNode_.clear();
   for (const platform::HidNode& node : hid_.list()) {
     if (node.vendorId != kVendorId || node.productId != static_cast<std::uint16_t>(link_.usbProductId)) {
       continue;
     }
+    triedNode_ = node.path;
     platform::HidOpenResult forWriting = hid_.open(node);
     openError_ = forWriting.error;
     if (forWriting.handle == nullptr) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -40,6 +41,9 @@ class ApiUsb {
   // Why the last search opened nothing: kNotFound when no node matched.
   platform::HidOpenError openError() const { return openError_; }
 
+  // The last node that the last search tried to open; empty when none matched.
+  const std::string& triedNode() const { return triedNode_; }
+
   // Drops the reports left over from an earlier exchange.
   void prepareRead();
 
@@ -64,6 +68,7 @@ class ApiUsb {
   std::unique_ptr<platform::HidHandle> readHandle_;  // reads
   platform::HidCapabilities hidCaps_;
   platform::HidOpenError openError_ = platform::HidOpenError::kNone;
+  std::string triedNode_;
   std::vector<std::uint8_t> writeBuffer_;
 };
 

@@ -1,9 +1,16 @@
 #include "link/connection_control.h"
 
-#include "link/sampling_switch.h"
+#include "link/advice.h"
+#include "link/flag_scope.h"
+#include "link/window_state.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
+namespace {
+
+constexpr const char* kUsbOnly = "Works over USB only";
+
+}  // namespace
 
 ConnectionControl::ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
                                      LinkPorts ports)
@@ -12,10 +19,21 @@ ConnectionControl::ConnectionControl(form::MainForm& form, protocol::InstrumentS
       link_(link),
       messages_(ports.messages),
       beeper_(ports.beeper),
-      apiUsb_(ports.hid, link, form.StatusBar1) {}
+      apiUsb_(ports.hid, link, form.StatusBar1),
+      operations_(link),
+      serial_(form, state, link, operations_,
+              {ports.serialPort, ports.pump, ports.messages, ports.searchView}) {}
+
+void ConnectionControl::onFrame(const std::function<void()>& dspRcv) {
+  dspRcv_ = dspRcv;
+  serial_.dspRcv = dspRcv;
+}
 
 bool ConnectionControl::transKcmd(std::string_view command) {
   beeper_.beep();
+  if (form_.StatusBar1.panel(1) == kUsbOnly) {
+    form_.StatusBar1.setPanel(1, "");
+  }
   if (!link_.linkBusy) {
     return trans_usb(command);
   }
@@ -28,7 +46,7 @@ bool ConnectionControl::transUsbOnly(std::string_view command) {
   if (link_.onUsb()) {
     return trans_usb(command);
   }
-  form_.StatusBar1.setPanel(1, "Works over USB only");
+  form_.StatusBar1.setPanel(1, kUsbOnly);
   return true;
 }
 
@@ -36,11 +54,11 @@ void ConnectionControl::usbFail() {
   apiUsb_.closeDevice();
   form_.cmdStart.setBackColor(form::kButtonFace);
   form_.StatusBar1.setPanel(2, "Disconnected");
-  messages_.show({"Connection Error", "Device not detected...Please check USB cable & connector.",
-                  platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
-  switchSampling(form_, false);
-  showConnected(false);
-  lamps(form::kWhite, form::kWhite);
+  if (failuresAreTold) {
+    messages_.show({"Connection Error", "Device not detected...Please check USB cable & connector.",
+                    platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
+  }
+  fallBack(form_);
 }
 
 void ConnectionControl::cmdBttn_Click(int index) {
@@ -51,31 +69,69 @@ void ConnectionControl::cmdBttn_Click(int index) {
     }
   } else if (connected()) {
     disconnect();
-  } else {
+  } else if (!link_.linkBusy && !link_.portSearch) {
     connect();
   }
 }
 
 void ConnectionControl::connect() {
-  apiUsb_.closeDevice();
-  if (!trans_usb(protocol::kQueryFunction) || (link_.onUsb() && !link_.usbOpen)) {
+  const Operations::Scope operation(operations_);
+  if (form_.StatusBar1.panel(1) == kUsbOnly) {
+    form_.StatusBar1.setPanel(1, "");
+  }
+  if (link_.onUsb()) {
+    apiUsb_.closeDevice();
+    if (!trans_usb(protocol::kQueryFunction) || !link_.usbOpen) {
+      return;
+    }
+  } else if (!probeSerial()) {
     return;
   }
-  showConnected(true);
+  showConnected(form_, true);
   form_.StatusBar1.setPanel(2, "Connected");
   if (form_.SSTab1.tab() == 1) {
     trans_usb(protocol::kQueryParameters);
   }
 }
 
+// Opens the port and asks once; as long as nothing answers, searches as often as the user wants.
+bool ConnectionControl::probeSerial() {
+  clearAdvice(form_);
+  serial_.com_open();
+  if (const auto advice = adviceFor(serial_.Mcom.openResult()); advice && !serial_.Mcom.PortOpen()) {
+    showAdvice(form_, *advice);
+  }
+  {
+    const FlagScope probing(serial_.probing);
+    trans_usb(protocol::kQueryFunction);
+  }
+  while (link_.rxTimeout && !link_.waitEnded) {
+    const auto answer = messages_.show({"Communication Error",
+                                        "Please check the communication cable & connector.\r\n"
+                                        "Re-search the ComPort and BaudRate with automatic?.",
+                                        platform::MessageIcon::kCritical, platform::MessageButtons::kYesNo});
+    if (answer != platform::MessageAnswer::kYes) {
+      break;
+    }
+    serial_.com_search();
+  }
+  if (!link_.rxTimeout) {
+    return true;
+  }
+  serial_.Mcom.PortOpen(false);
+  return false;
+}
+
 void ConnectionControl::disconnect() {
-  showConnected(false);
+  const Operations::Scope operation(operations_);
+  showConnected(form_, false);
   switchSampling(form_, false);
   if (link_.onUsb()) {
     trans_usb(protocol::kGoToLocal);
     apiUsb_.closeDevice();
   } else {
     transKcmd(protocol::kGoToLocal);
+    serial_.closeWhenDone();
   }
   form_.StatusBar1.setPanel(2, "Disconnected");
 }
@@ -85,18 +141,6 @@ void ConnectionControl::release() {
     trans_usb(protocol::kGoToLocal);
     apiUsb_.closeDevice();
   }
-}
-
-void ConnectionControl::showConnected(bool connected) {
-  form_.cmdBttn[0].setBackColor(connected ? form::kLightGreen : form::kButtonFace);
-  form_.cmdBttn[0].setCaption(connected ? "Disconnect" : "Connect");
-  form_.SSTab1.setEnabled(connected);
-  form_.cmdClock.setEnabled(connected);
-  form_.picMscope.setEnabled(connected);
-  form_.panDlog.setEnabled(connected);
-  form_.panScon.setEnabled(connected);
-  form_.cmdStart.setEnabled(connected);
-  form_.txtSTime.setEnabled(connected);
 }
 
 }  // namespace vireon::link

@@ -7,6 +7,8 @@
 #include "form/main_form.h"
 #include "link/api_usb.h"
 #include "link/link_state.h"
+#include "link/operations.h"
+#include "link/serial_link.h"
 #include "platform/beeper.h"
 #include "platform/message_box.h"
 #include "protocol/instrument_state.h"
@@ -18,6 +20,15 @@ struct LinkPorts {
   platform::RawHid& hid;
   platform::MessageBoxes& messages;
   platform::Beeper& beeper;
+  platform::SerialPort& serialPort;
+  platform::MessagePump& pump;
+  platform::SearchView& searchView;
+};
+
+// The failure that led to a settings query.
+struct ErrorRecord {
+  int number = 0;
+  std::string description;
 };
 
 // The one door through which commands reach the instrument, and the connect and exit buttons.
@@ -26,11 +37,8 @@ class ConnectionControl {
  public:
   ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link, LinkPorts ports);
 
-  // Takes a complete frame from rxBuf.
-  std::function<void()> dspRcv;
-
-  // Sends a command over the serial link; returns False when its failure path ran.
-  std::function<bool(std::string_view command)> trans_rs2;
+  // Takes a complete frame from rxBuf, of either link.
+  void onFrame(const std::function<void()>& dspRcv);
 
   // Ends the program after the exit button has taken leave of the instrument.
   std::function<void()> unloadForm;
@@ -47,22 +55,33 @@ class ConnectionControl {
   // Sends over USB only: on a serial link nothing is sent and status-bar panel 1 says so.
   bool transUsbOnly(std::string_view command);
 
-  // Closes the device, falls back to the disconnected state and tells the user.
+  // Closes the device, falls back to the disconnected state and tells the user, unless failuresAreTold is
+  // False.
   void usbFail();
 
-  // 0 connects or disconnects, 1 exits.
+  // Whether usbFail shows its message; at start-up others tell of the failure.
+  bool failuresAreTold = true;
+
+  // 0 connects or disconnects, 1 exits. Connecting is ignored while a serial exchange or search runs.
   void cmdBttn_Click(int index);
+
+  // Queries all settings of the scope after the instrument has acknowledged; without an acknowledge, or after
+  // a time-out, shows `failure` instead.
+  void initCmd(const ErrorRecord& failure = {});
+
+  // Whether an exchange, a connection or a search is under way; a request to close the window waits for its
+  // end. A wait on the serial link is ended by endWait() at once, without a message.
+  const Operations& operations() const { return operations_; }
+  Operations& operations() { return operations_; }
+  void endWait() { serial_.endWait(); }
 
   // Takes leave of an open USB device and closes it; returns at once when none is open.
   void release();
 
-  // Marks the connect button and enables or disables the controls that work only while connected; the
-  // window starts disconnected.
-  void showConnected(bool connected);
-
   bool connected() const { return form_.cmdBttn[0].backColor() == form::kLightGreen; }
 
   ApiUsb& apiUsb() { return apiUsb_; }
+  SerialLink& serial() { return serial_; }
 
  private:
   bool openDevice();
@@ -70,8 +89,8 @@ class ConnectionControl {
   bool sendReports(std::string_view command);
   bool receiveReports();
   bool takeReport();
-  void lamps(form::Color transmit, form::Color receive);
   void connect();
+  bool probeSerial();
   void disconnect();
 
   form::MainForm& form_;
@@ -80,6 +99,9 @@ class ConnectionControl {
   platform::MessageBoxes& messages_;
   platform::Beeper& beeper_;
   ApiUsb apiUsb_;
+  Operations operations_;
+  SerialLink serial_;
+  std::function<void()> dspRcv_;
 };
 
 }  // namespace vireon::link

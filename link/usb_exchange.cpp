@@ -1,41 +1,37 @@
+#include "link/advice.h"
 #include "link/connection_control.h"
+#include "link/window_state.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
-namespace {
-
-constexpr const char* kNoPermission = "No permission to open the instrument's device node";
-constexpr const char* kPermissionHelp =
-    "The instrument is plugged in, but this account may not read and write its /dev/hidraw node.\n"
-    "A udev rule for vendor 10C4, products E001 to E004, with TAG+=\"uaccess\" gives that right.";
-
-}  // namespace
 
 bool ConnectionControl::trans_usb(std::string_view command) {
   if (!link_.onUsb()) {
-    return !trans_rs2 || trans_rs2(command);
+    std::string text(command);
+    serial_.trans_rs2(text);
+    return !link_.rxTimeout;
   }
+  const Operations::Scope operation(operations_);
   if (!link_.usbOpen && !openDevice()) {
     usbFail();
     return false;
   }
   form_.StatusBar1.setPanel(2, "Connected");
-  lamps(form::kRed, form::kWhite);
+  showLamps(form_, form::kRed, form::kWhite);
   apiUsb_.prepareRead();
   if (!sendReports(command)) {
     return false;
   }
-  lamps(form::kWhite, form::kGreen);
+  showLamps(form_, form::kWhite, form::kGreen);
   return receiveReports();
 }
 
 // Searches the device; panel 1 tells while one is there that this account may not open.
 bool ConnectionControl::openDevice() {
   const bool found = apiUsb_.findDevice();
-  const bool refused = !found && apiUsb_.openError() == platform::HidOpenError::kNoPermission;
-  if (refused || form_.StatusBar1.panel(1) == kNoPermission) {
-    form_.StatusBar1.setPanel(1, refused ? kNoPermission : "");
-    form_.StatusBar1.setToolTip(1, refused ? kPermissionHelp : "");
+  clearAdvice(form_);
+  if (const auto advice = adviceFor(apiUsb_.openError(), apiUsb_.triedNode()); advice && !found) {
+    showAdvice(form_, *advice);
   }
   return found;
 }
@@ -87,7 +83,7 @@ bool ConnectionControl::receiveReports() {
       }
     } catch (const form::Fault&) {
       link_.usbResult = 0;
-      lamps(form::kWhite, form::kWhite);
+      showLamps(form_, form::kWhite, form::kWhite);
       return true;
     }
     apiUsb_.outReport[0] = protocol::kEot;
@@ -95,9 +91,9 @@ bool ConnectionControl::receiveReports() {
       return false;
     }
   }
-  lamps(form::kWhite, form::kWhite);
-  if (dspRcv) {
-    dspRcv();
+  showLamps(form_, form::kWhite, form::kWhite);
+  if (dspRcv_) {
+    dspRcv_();
   }
   return true;
 }
@@ -117,13 +113,6 @@ bool ConnectionControl::takeReport() {
     }
   }
   return false;
-}
-
-void ConnectionControl::lamps(form::Color transmit, form::Color receive) {
-  form_.Txled[0].setFillColor(transmit);
-  form_.Txled[1].setFillColor(receive);
-  form_.Txled[0].refresh();
-  form_.Txled[1].refresh();
 }
 
 }  // namespace vireon::link

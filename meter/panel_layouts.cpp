@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "link/sampling_switch.h"
+#include "link/window_state.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::meter {
@@ -81,14 +81,13 @@ void setSubPan(form::MainForm& form, int mode) {
 
 void SSTab1_Switch(form::MainForm& form, const protocol::InstrumentState& state,
                    link::ConnectionControl& connection) {
-  if (state.uiBusy) {
+  if (state.uiBusy || state.logTransfer) {
     return;
   }
   link::switchSampling(form, false);
   if (form.SSTab1.tab() == 0) {
     link::switchSampling(form, state.ackSeen);
-    connection.transUsbOnly("DFN0" + std::to_string(form.cmbFun.listIndex()) + ";" +
-                            std::string(protocol::kQueryScope));
+    connection.transUsbOnly(protocol::selectScopeFunction(form.cmbFun.listIndex()));
   } else if (form.SSTab1.tab() == 1) {
     connection.transUsbOnly("DFN1" + std::to_string(form.optFun.selected()) + ";DFN??;DPS??");
   }

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "link/sampling_switch.h"
+#include "link/window_state.h"
 #include "protocol/reply_text.h"
 #include "protocol/vocabulary.h"
 

@@ -37,7 +37,7 @@ enum class HidOpenError {
   kFailed,        // any other reason, e.g. out of file descriptors
 };
 
-// An open node. Destruction closes it. Used from one thread.
+// An open node. Destruction closes it. Used by one thread at a time.
 class HidHandle {
  public:
   HidHandle() = default;

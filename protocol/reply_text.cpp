@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <limits>
 
 #include "form/fault.h"
 
@@ -30,6 +31,16 @@ int hexValue(std::string_view digits) {
 
 int decimalValue(std::string_view text) {
   return converted<std::int16_t>(numberText(text), 10);
+}
+
+int leadingNumber(std::string_view text) {
+  const std::string_view number = numberText(text);
+  int value = 0;
+  const auto error = std::from_chars(number.data(), number.data() + number.size(), value).ec;
+  if (error == std::errc::result_out_of_range) {
+    return number.front() == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+  }
+  return value;
 }
 
 std::string_view numberText(std::string_view text) {

@@ -15,6 +15,10 @@ int hexValue(std::string_view digits);
 // and beyond the range of 16 bits.
 int decimalValue(std::string_view text);
 
+// The whole number that the text begins with, after blanks; 0 where it begins with none, and the nearest
+// value of 32 bits where it is out of range.
+int leadingNumber(std::string_view text);
+
 // A number's text without the blanks at both ends and without a plus sign.
 std::string_view numberText(std::string_view text);
 

@@ -17,6 +17,10 @@ std::string hexArgument(int value) {
   return text.size() == 1 ? "0" + text : text;
 }
 
+std::string selectScopeFunction(int listIndex) {
+  return "DFN0" + std::to_string(listIndex) + ";" + std::string(kQueryScope);
+}
+
 std::string channelMnemonic(std::string_view stem, int channel) {
   return std::string(stem) + (channel == 0 ? 'A' : 'B');
 }

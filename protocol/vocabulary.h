@@ -34,6 +34,9 @@ inline constexpr std::string_view kModelPrefix = "K7";
 // `value` is not negative, from 256 on the text is longer than two digits.
 std::string hexArgument(int value);
 
+// Selects the scope with the meter function at that list position and queries all of its settings.
+std::string selectScopeFunction(int listIndex);
+
 // "VDA" or "VDB", "VPA" or "VPB": the mnemonic of a channel, 0 for A and 1 for B.
 std::string channelMnemonic(std::string_view stem, int channel);
 

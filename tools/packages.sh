@@ -1,7 +1,7 @@
 # Debian packages that building and testing need; sourced by the scripts beside the README.
 # shellcheck shell=bash disable=SC2034
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config)
-WINDOW_PACKAGES=(qt6-base-dev libhidapi-dev fonts-dejavu-core)
+WINDOW_PACKAGES=(qt6-base-dev qt6-serialport-dev libhidapi-dev fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev)
 CHECK_PACKAGES=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev libbenchmark-dev git python3)
 

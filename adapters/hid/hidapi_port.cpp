@@ -13,8 +13,11 @@ using platform::HidNode;
 using platform::HidOpenError;
 using platform::HidOpenResult;
 
-HidapiPort::HidapiPort(NodeProbe probe, MonotonicClock clock)
-    : library_(std::make_shared<HidapiLibrary>()), probe_(std::move(probe)), clock_(std::move(clock)) {}
+HidapiPort::HidapiPort(NodeProbe probe, MonotonicClock clock, NodePatience patience)
+    : library_(std::make_shared<HidapiLibrary>()),
+      probe_(std::move(probe)),
+      clock_(std::move(clock)),
+      patience_(std::move(patience)) {}
 
 std::vector<HidNode> HidapiPort::list() {
   std::vector<HidNode> nodes;
@@ -35,7 +38,9 @@ HidOpenResult HidapiPort::open(const HidNode& node) {
   // Version 0.13.1 writes to freed memory when a node opens but does not answer as a HID node, so nothing
   // reaches the library unchecked. The check stays open meanwhile: the first open of a USB node takes the
   // kernel 50 ms, in which the device may be pulled out; one on top of it takes microseconds.
-  const NodeCheck check = probe_(node.path);
+  const NodeCheck check = patience_.open(
+      node.path, [&] { return probe_(node.path); },
+      [](const NodeCheck& outcome) { return outcome.error == HidOpenError::kNoPermission; });
   if (check.error != HidOpenError::kNone) return {.handle = nullptr, .error = check.error};
   DevicePtr device(hid_open_path(node.path.c_str()));
   if (!device) {

@@ -39,7 +39,7 @@ constexpr const char* kScreens[] = {"settingsLine", "readingDisplay", "lblDmm",
 
 }  // namespace
 
-MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form) {
+MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form), gate_(gate) {
   Ui::frmMain ui;
   ui.setupUi(this);
   dress();
@@ -51,10 +51,10 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
   snapper_.setInterval(0);
   connect(&snapper_, &QTimer::timeout, this, [this] {
     if (isNormal()) {
-      snapToSize();
+      Form_Resize();
     }
   });
-  snapToSize();
+  Form_Resize();
   scalePanel();
 }
 
@@ -87,7 +87,7 @@ void MainWindow::remember() {
   }
 }
 
-void MainWindow::snapToSize() {
+void MainWindow::Form_Resize() {
   const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
   const double dpi = screen()->logicalDotsPerInchX();
   const QSize outer(qRound(kOuterWidth * dpi / kTwipsPerInch), qRound(kOuterHeight * dpi / kTwipsPerInch));
@@ -155,13 +155,16 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!unloaded_) {
-    unloaded_ = true;
-    if (onUnload) {
-      onUnload();
-    }
+  if (gate_.closed()) {
+    event->ignore();
+    return;
   }
-  event->accept();
+  closing_ = closing_ || !mayClose || mayClose();
+  event->setAccepted(closing_);
+}
+
+void MainWindow::closeLater() {
+  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
 }  // namespace vireon::adapters

@@ -25,8 +25,11 @@ class MainWindow : public QWidget {
   Q_DISABLE_COPY_MOVE(MainWindow)
   ~MainWindow() override;
 
-  // Called once when the window is about to close.
-  std::function<void()> onUnload;
+  // Asked when the window is to close; it closes where this returns True, and then never asks again.
+  std::function<bool()> mayClose;
+
+  // Asks the window to close at the event loop's next turn.
+  void closeLater();
 
   ControlBinder& binder() { return *binder_; }
 
@@ -47,7 +50,7 @@ class MainWindow : public QWidget {
 
   void dress();
   void remember();
-  void snapToSize();
+  void Form_Resize();
   bool isNormal() const;
   void scalePanel();
 
@@ -55,9 +58,10 @@ class MainWindow : public QWidget {
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
   QTimer snapper_;  // snaps at the window's next turn
-  QSize asked_;     // the inner size last asked for
-  QSize got_;       // and the one there was at that time
-  bool unloaded_ = false;
+  const ModalGate& gate_;
+  QSize asked_;  // the inner size last asked for
+  QSize got_;    // and the one there was at that time
+  bool closing_ = false;
 };
 
 }  // namespace vireon::adapters

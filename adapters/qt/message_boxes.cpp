@@ -25,7 +25,7 @@ QMessageBox::Icon iconOf(platform::MessageIcon icon) {
 platform::MessageAnswer QtMessageBoxes::show(const platform::Message& message) {
   const bool question = message.buttons == platform::MessageButtons::kYesNo;
   QMessageBox box(iconOf(message.icon), QString::fromStdString(message.title),
-                  QString::fromStdString(message.text),
+                  QString::fromStdString(message.text).remove(QLatin1Char('\r')),
                   question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, window_);
   box.setTextFormat(Qt::PlainText);
   if (question) {

@@ -2,25 +2,40 @@
 
 namespace vireon::adapters {
 
-// Whether a modal message is open; while one is, the program's timers hold still.
+// Whether the program's events may happen now. While a modal message is open the timers' ticks are left out;
+// while the window only paints, in the middle of an exchange, ticks and close requests wait their turn.
 class ModalGate {
  public:
-  bool closed() const { return depth_ > 0; }
+  bool closed() const { return messages_ > 0; }
+  bool paintingOnly() const { return painting_ > 0; }
 
-  // Closes the gate for a scope.
+  // A modal message is open for a scope.
   class Hold {
    public:
-    explicit Hold(ModalGate& gate) : gate_(gate) { ++gate_.depth_; }
+    explicit Hold(ModalGate& gate) : gate_(gate) { ++gate_.messages_; }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
-    ~Hold() { --gate_.depth_; }
+    ~Hold() { --gate_.messages_; }
+
+   private:
+    ModalGate& gate_;
+  };
+
+  // The window only paints for a scope.
+  class Painting {
+   public:
+    explicit Painting(ModalGate& gate) : gate_(gate) { ++gate_.painting_; }
+    Painting(const Painting&) = delete;
+    Painting& operator=(const Painting&) = delete;
+    ~Painting() { --gate_.painting_; }
 
    private:
     ModalGate& gate_;
   };
 
  private:
-  int depth_ = 0;
+  int messages_ = 0;
+  int painting_ = 0;
 };
 
 }  // namespace vireon::adapters

@@ -1,20 +1,33 @@
 #include "adapters/qt/timer_binding.h"
 
 namespace vireon::adapters {
+namespace {
+
+constexpr int kRetry = 2;  // milliseconds until a tick that has to wait is tried again
+
+}  // namespace
 
 TimerBinding::TimerBinding(const form::Timer& timer, const ModalGate& gate)
-    : Binding(nullptr), timer_(timer) {
+    : Binding(nullptr), timer_(timer), gate_(gate) {
   clockwork_.setTimerType(Qt::PreciseTimer);
-  QObject::connect(&clockwork_, &QTimer::timeout, &clockwork_, [&timer, &gate] {
-    if (!gate.closed()) {
-      timer.tick();
-    }
-  });
+  QObject::connect(&clockwork_, &QTimer::timeout, &clockwork_, [this] { tick(); });
+  late_.setSingleShot(true);
+  late_.setInterval(kRetry);
+  QObject::connect(&late_, &QTimer::timeout, &late_, [this] { tick(); });
+}
+
+void TimerBinding::tick() {
+  if (gate_.paintingOnly()) {
+    late_.start();
+  } else if (!gate_.closed()) {
+    timer_.tick();
+  }
 }
 
 void TimerBinding::show() {
   if (!timer_.enabled() || timer_.interval() == 0) {
     clockwork_.stop();
+    late_.stop();
   } else if (!clockwork_.isActive() || clockwork_.interval() != timer_.interval()) {
     clockwork_.start(timer_.interval());
   }

@@ -8,7 +8,8 @@
 
 namespace vireon::adapters {
 
-// Ticks a timer control; ticks that fall due while the gate is closed are left out.
+// Ticks a timer control. Ticks that fall due while the gate is closed are left out; while the window only
+// paints they wait, all of them as one.
 class TimerBinding : public Binding {
  public:
   // `timer` and `gate` outlive the binding.
@@ -17,8 +18,12 @@ class TimerBinding : public Binding {
   void show() override;
 
  private:
+  void tick();
+
   const form::Timer& timer_;
+  const ModalGate& gate_;
   QTimer clockwork_;
+  QTimer late_;
 };
 
 }  // namespace vireon::adapters

@@ -2,15 +2,25 @@
 
 namespace vireon::app {
 
-Session::Session(platform::RawHid& hid) : program_({hid, messages_, beeper_, clock_}) {}
+Session::Session(const SessionPorts& ports, const std::string& folder, adapters::ModalGate& gate)
+    : gate_(gate),
+      program_({ports.hid, ports.serialPort, pump_, messages_, searchWindow_, beeper_, clock_, ports.files},
+               folder),
+      window_(std::make_unique<adapters::MainWindow>(program_.form, gate)) {}
 
-void Session::show() {
-  program_.load();
-  window_ = std::make_unique<adapters::MainWindow>(program_.form, gate_);
+bool Session::show() {
+  messages_.setParentWindow(&searchWindow_);
+  if (!program_.Form_Load()) {
+    return false;
+  }
   messages_.setParentWindow(window_.get());
-  window_->onUnload = [this] { program_.unload(); };
+  searchWindow_.standOver(window_.get());
+  window_->mayClose = [this] { return program_.requestClose(); };
+  program_.closeLater = [this] { window_->closeLater(); };
   program_.connection.unloadForm = [this] { window_->close(); };
+  window_->binder().flush();
   window_->show();
+  return true;
 }
 
 }  // namespace vireon::app

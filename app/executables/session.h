@@ -1,29 +1,43 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "adapters/qt/main_window.h"
 #include "adapters/qt/message_boxes.h"
+#include "adapters/qt/message_pump.h"
+#include "adapters/qt/search_window.h"
 #include "adapters/qt/wall_clock.h"
 #include "app/program.h"
 
 namespace vireon::app {
 
-// The program with its window on this desktop, driving the instrument behind a raw-HID port. Needs a
-// running QApplication; `hid` outlives the session.
+// The ways to an instrument, and the store of the program's files.
+struct SessionPorts {
+  platform::RawHid& hid;
+  platform::SerialPort& serialPort;
+  platform::FileStore& files;
+};
+
+// The program with its window on this desktop. Needs a running QApplication; the ports and the gate outlive
+// the session.
 class Session {
  public:
-  explicit Session(platform::RawHid& hid);
+  // `folder` is the program's own.
+  Session(const SessionPorts& ports, const std::string& folder, adapters::ModalGate& gate);
 
-  // Prepares the program and shows the window. Closing the window ends the event loop.
-  void show();
+  // Starts the program and shows the window; closing the window ends the event loop. False when the program
+  // is to end at once.
+  bool show();
 
   Program& program() { return program_; }
   adapters::MainWindow& window() { return *window_; }
 
  private:
-  adapters::ModalGate gate_;
+  adapters::ModalGate& gate_;
   adapters::QtMessageBoxes messages_{gate_};
+  adapters::QtMessagePump pump_;
+  adapters::SearchWindow searchWindow_;
   adapters::QtBeeper beeper_;
   adapters::QtWallClock clock_;
   Program program_;

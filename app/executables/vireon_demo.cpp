@@ -4,9 +4,11 @@
 #include <cstdio>
 #include <utility>
 
+#include "adapters/qt/serial_port.h"
 #include "app/executables/session.h"
 #include "app/executables/tour.h"
 #include "app/executables/until_shown.h"
+#include "app/memory_file_store.h"
 #include "app/simulated_hid.h"
 
 namespace {
@@ -51,8 +53,13 @@ int main(int argc, char** argv) {
   vireon::simulator::Instrument instrument(model->second, clock);
   vireon::simulator::UsbEndpoint endpoint(instrument, clock);
   vireon::app::SimulatedHid hid(endpoint, model->second);
-  vireon::app::Session session(hid);
-  session.show();
+  vireon::adapters::QtSerialPort noSerialPort([](int) { return QString(); });
+  vireon::app::MemoryFileStore files;
+  vireon::adapters::ModalGate gate;
+  vireon::app::Session session({hid, noSerialPort, files}, "", gate);
+  if (!session.show()) {
+    return 1;
+  }
   if (options.isSet(tourOption)) {
     return vireon::app::runTour(session, instrument, options.value(tourOption).toStdString());
   }

@@ -161,7 +161,7 @@ TEST_F(FrontPanel, TheMeterTabTakesTheInstrumentIntoTheLoggerModeAndBack) {
 
 TEST_F(FrontPanel, AnInstrumentThatIsInALoggerModeTakesTheWindowToTheMeterTab) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   bench.instrument.settings().meter.mode = simulator::LoggerMode::kRecord;
   bench.instrument.clearLog();
   bench.form().cmdBttn[0].click();

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 class LiveScope : public testing::Test, public ProgramBench {};
 
 TEST_F(LiveScope, TheConnectButtonAsksForTheFunctionAlone) {
-  program.load();
+  program.Form_Load();
   instrument.clearLog();
   form().cmdBttn[0].click();
   EXPECT_TRUE(program.connection.connected());
@@ -135,7 +135,7 @@ TEST_F(LiveScope, TheSlowTicksOfADayAreDrawnToo) {
 
 TEST(LiveMeterModel, StartingAsksForTheFunctionText) {
   ProgramBench bench(simulator::Model::kK7900);
-  bench.program.load();
+  bench.program.Form_Load();
   bench.connect();
   bench.form().cmdStart.click();
   EXPECT_EQ(bench.instrument.log(), Texts{"AFN??"});
@@ -163,7 +163,7 @@ TEST_F(LiveScope, TheMeterTabPollsTheReading) {
 }
 
 TEST_F(LiveScope, ConnectingWhileTheMeterTabIsShownAsksForTheParametersToo) {
-  program.load();
+  program.Form_Load();
   connect();
   form().SSTab1.setTab(1);
   form().cmdBttn[0].click();

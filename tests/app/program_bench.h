@@ -10,7 +10,11 @@
 #include "simulator/instrument.h"
 #include "simulator/usb_endpoint.h"
 #include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_file_store.h"
 #include "tests/fakes/fake_message_boxes.h"
+#include "tests/fakes/fake_message_pump.h"
+#include "tests/fakes/fake_search_view.h"
+#include "tests/fakes/fake_serial_port.h"
 #include "tests/fakes/fake_wall_clock.h"
 
 namespace vireon::tests {
@@ -20,14 +24,16 @@ namespace vireon::tests {
 class ProgramBench {
  public:
   explicit ProgramBench(simulator::Model model = simulator::Model::kK7310)
-      : instrument(model, clock), hid(endpoint, model) {}
+      : instrument(model, clock), hid(endpoint, model) {
+    pump.timeOut = &program.form.tmrCom;
+  }
 
   form::MainForm& form() { return program.form; }
 
   // Loaded and connected, sampling; nothing logged yet.
   void goLive() {
     if (program.state.modelId.empty()) {
-      program.load();
+      ASSERT_TRUE(program.Form_Load());
     }
     connect();
     form().cmdStart.click();
@@ -94,7 +100,11 @@ class ProgramBench {
   FakeMessageBoxes messages;
   FakeBeeper beeper;
   FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  app::Program program{{hid, messages, beeper, wallClock}};
+  FakeSerialPort serialPort;
+  FakeMessagePump pump{serialPort};
+  FakeSearchView searchView;
+  FakeFileStore files;
+  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files}, "folder"};
 };
 
 }  // namespace vireon::tests

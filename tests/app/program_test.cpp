@@ -13,7 +13,7 @@ using Texts = std::vector<std::string>;
 
 TEST(StartUp, OnlyTheIdentityIsAskedFor) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   EXPECT_EQ(bench.instrument.log(), Texts{"SID??;SIM??"});
   EXPECT_EQ(bench.messages.count(), 0U);
   EXPECT_EQ(bench.beeper.beeps, 0);
@@ -22,7 +22,7 @@ TEST(StartUp, OnlyTheIdentityIsAskedFor) {
 
 TEST(StartUp, TheWindowStartsDisconnected) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   form::MainForm& form = bench.form();
   EXPECT_FALSE(bench.program.connection.connected());
   EXPECT_EQ(form.cmdBttn[0].backColor(), form::kButtonFace);
@@ -41,7 +41,7 @@ TEST(StartUp, TheWindowStartsDisconnected) {
 
 TEST(StartUp, SamplingIsPreparedAndIdle) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   EXPECT_EQ(bench.form().cmdStart.caption(), "Start");
   EXPECT_EQ(bench.form().cmdStart.backColor(), form::kButtonFace);
   EXPECT_EQ(bench.form().txtSTime.text(), "0.5");
@@ -53,7 +53,7 @@ TEST(StartUp, TheScopeTabIsShownWithItsPanels) {
   ProgramBench bench;
   bench.form().SSTab1.setTab(1);
   bench.instrument.clearLog();
-  bench.program.load();
+  bench.program.Form_Load();
   form::MainForm& form = bench.form();
   EXPECT_EQ(form.SSTab1.tab(), 0);
   EXPECT_TRUE(form.picMscope.visible());
@@ -70,7 +70,7 @@ TEST(StartUp, TheScopeTabIsShownWithItsPanels) {
 
 TEST(StartUp, TheMarkersBearTheirCaptions) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   EXPECT_EQ(bench.form().posT.caption(), "~T");
   EXPECT_EQ(bench.form().posDV[0].caption(), "CHA");
   EXPECT_EQ(bench.form().posDV[1].caption(), "CHB");
@@ -78,7 +78,7 @@ TEST(StartUp, TheMarkersBearTheirCaptions) {
 
 TEST(StartUp, TheLoggerIsEmptyAndIdle) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   form::MainForm& form = bench.form();
   EXPECT_EQ(form.grdLog.rows(), 13);
   EXPECT_EQ(form.grdLog.columns(), 4);
@@ -94,7 +94,7 @@ TEST(StartUp, TheLoggerIsEmptyAndIdle) {
 
 TEST(StartUp, TheListsAreFilledAndNothingIsSentAboutIt) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   EXPECT_EQ(bench.form().cmbDmod.items().size(), 5U);
   EXPECT_EQ(bench.form().cmbFun.listIndex(), 0);
   EXPECT_FALSE(bench.program.state.labels.vdLbl[0].empty());
@@ -109,14 +109,14 @@ TEST(StartUp, EachModelHasItsTabsAndFunctions) {
     int tabs;
     std::size_t functions;
   };
-  constexpr Row kRows[] = {{Model::kK7310, "K7310 ", -8191, 2, 8},
-                           {Model::kK7210, "K7210 ", -8190, 1, 8},
-                           {Model::kK7201, "K7201 ", -8189, 1, 8},
-                           {Model::kK7900, "K7900 ", -8188, 1, 9}};
+  constexpr Row kRows[] = {{Model::kK7310, "K7310", -8191, 2, 8},
+                           {Model::kK7210, "K7210", -8190, 1, 8},
+                           {Model::kK7201, "K7201", -8189, 1, 8},
+                           {Model::kK7900, "K7900", -8188, 1, 9}};
   for (const Row& row : kRows) {
     SCOPED_TRACE(row.id);
     ProgramBench bench(row.model);
-    bench.program.load();
+    bench.program.Form_Load();
     EXPECT_EQ(bench.program.state.modelId, row.id);
     EXPECT_EQ(bench.program.link.usbProductId, row.product);
     EXPECT_EQ(bench.form().SSTab1.tabs(), row.tabs);
@@ -127,98 +127,42 @@ TEST(StartUp, EachModelHasItsTabsAndFunctions) {
   }
 }
 
-TEST(StartUp, WithoutAnInstrumentTheWindowIsPreparedAllTheSame) {
-  ProgramBench bench;
-  bench.endpoint.unplug();
-  bench.program.load();
-  EXPECT_TRUE(bench.instrument.log().empty());
-  EXPECT_EQ(bench.messages.count(), 0U);
-  EXPECT_EQ(bench.program.link.usbProductId, -8191);
-  EXPECT_EQ(bench.form().SSTab1.tabs(), 2);
-  EXPECT_EQ(bench.form().StatusBar1.panel(2), "USB(HID)");
-  EXPECT_EQ(bench.form().cmbDmod.items().size(), 5U);
-  EXPECT_FALSE(bench.form().SSTab1.enabled());
-  EXPECT_FALSE(bench.program.link.usbOpen);
-}
-
-TEST(StartUp, AnInstrumentPluggedInAfterStartUpIsConnectedByTheButton) {
-  ProgramBench bench;
-  bench.endpoint.unplug();
-  bench.program.load();
-  bench.endpoint.plug();
-  bench.form().cmdBttn[0].click();
-  EXPECT_TRUE(bench.program.connection.connected());
-  EXPECT_EQ(bench.instrument.log(), Texts{"DFN??"});
-}
-
-TEST(StartUp, AnInstrumentThatDoesNotAnswerIsOneMessageAndADisconnectedWindow) {
-  ProgramBench bench;
-  bench.endpoint.setFaults({.silence = true});
-  bench.program.load();
-  EXPECT_EQ(bench.messages.count(), 1U);
-  EXPECT_FALSE(bench.program.link.usbOpen);
-  EXPECT_FALSE(bench.form().SSTab1.enabled());
-  EXPECT_EQ(bench.form().cmbDmod.items().size(), 5U);
-}
-
 TEST(Shutdown, UnloadingTakesLeaveOfAnInstrumentThatIsOpen) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   bench.connect();
   EXPECT_TRUE(bench.instrument.remote());
-  bench.program.unload();
+  bench.program.Form_Unload();
   EXPECT_EQ(bench.instrument.log(), Texts{"GTL"});
   EXPECT_FALSE(bench.instrument.remote());
   EXPECT_FALSE(bench.program.link.usbOpen);
-  bench.program.unload();
+  bench.program.Form_Unload();
   EXPECT_EQ(bench.instrument.log(), Texts{"GTL"});
 }
 
 TEST(Shutdown, UnloadingWithNothingOpenSendsNothing) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   bench.connect();
   bench.form().cmdBttn[0].click();
   bench.instrument.clearLog();
-  bench.program.unload();
+  bench.program.Form_Unload();
   EXPECT_TRUE(bench.instrument.log().empty());
   EXPECT_EQ(bench.messages.count(), 0U);
 }
 
 TEST(Shutdown, TheExitButtonTakesLeaveAndUnloads) {
   ProgramBench bench;
-  bench.program.load();
+  bench.program.Form_Load();
   bench.connect();
   int unloads = 0;
   bench.program.connection.unloadForm = [&] {
     ++unloads;
-    bench.program.unload();
+    bench.program.Form_Unload();
   };
   bench.form().cmdBttn[1].click();
   EXPECT_EQ(unloads, 1);
   EXPECT_EQ(bench.instrument.log(), Texts{"GTL"});
-}
-
-TEST(ConnectButton, FindsAnyModelThatWasPluggedInAfterTheStart) {
-  for (const Model model : {Model::kK7310, Model::kK7210, Model::kK7201, Model::kK7900}) {
-    ProgramBench bench(model);
-    bench.endpoint.unplug();
-    bench.program.load();
-    bench.endpoint.plug();
-    bench.form().cmdBttn[0].click();
-    EXPECT_TRUE(bench.program.connection.connected());
-    EXPECT_EQ(bench.instrument.log(), Texts{"DFN??"});
-    EXPECT_EQ(bench.messages.count(), 0U);
-  }
-}
-
-TEST(ConnectButton, TellsOnceThatNothingIsPluggedIn) {
-  ProgramBench bench;
-  bench.endpoint.unplug();
-  bench.program.load();
-  bench.form().cmdBttn[0].click();
-  EXPECT_FALSE(bench.program.connection.connected());
-  EXPECT_EQ(bench.messages.count(), 1U);
 }
 
 }  // namespace

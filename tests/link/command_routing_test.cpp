@@ -11,14 +11,12 @@ class CommandRouting : public tests::ConnectionFixture {
  protected:
   void useSerial(const char* port) {
     link.comPort = port;
-    connection.trans_rs2 = [this](std::string_view command) {
-      serial.emplace_back(command);
-      return serialAnswers;
-    };
+    link.baudRate = "9600";
+    if (!link.onUsb()) {
+      connection.serial().com_open();
+    }
+    serialPort.commands.clear();
   }
-
-  Texts serial;
-  bool serialAnswers = true;
 };
 
 TEST_F(CommandRouting, ACommandBeepsOnceAndGoesOverUsb) {
@@ -47,7 +45,7 @@ TEST_F(CommandRouting, ACommandGivenDuringASerialExchangeIsParked) {
   useSerial("1");
   link.linkBusy = true;
   EXPECT_TRUE(connection.transKcmd("VDAup;VDA??"));
-  EXPECT_TRUE(serial.empty());
+  EXPECT_TRUE(serialPort.commands.empty());
   EXPECT_TRUE(link.cmdPending);
   EXPECT_EQ(link.pendingCmd, "VDAup;VDA??");
   EXPECT_EQ(beeper.beeps, 1);
@@ -65,11 +63,10 @@ TEST_F(CommandRouting, OfSeveralParkedCommandsTheLatestIsKept) {
 
 TEST_F(CommandRouting, EveryPortButZeroIsSerial) {
   for (const char* port : {"1", "2", "3", "4"}) {
-    serial.clear();
     useSerial(port);
     EXPECT_TRUE(connection.transKcmd("HDVup;HDV??"));
     EXPECT_TRUE(connection.trans_usb("DFN??"));
-    EXPECT_EQ(serial, (Texts{"HDVup;HDV??", "DFN??"})) << port;
+    EXPECT_EQ(serialPort.commands, (Texts{"HDVup;HDV??", "DFN??"})) << port;
   }
   EXPECT_EQ(hid.opens, 0U);
 }
@@ -77,20 +74,24 @@ TEST_F(CommandRouting, EveryPortButZeroIsSerial) {
 TEST_F(CommandRouting, PortZeroIsUsb) {
   useSerial("0");
   connection.trans_usb("DFN??");
-  EXPECT_TRUE(serial.empty());
+  EXPECT_TRUE(serialPort.commands.empty());
   EXPECT_EQ(hid.commands, Texts{"DFN??"});
 }
 
 TEST_F(CommandRouting, AFailureOfTheSerialLinkIsTold) {
   useSerial("2");
-  serialAnswers = false;
+  serialPort.instrument = [](int, int, const std::string&) { return Texts{}; };
   EXPECT_FALSE(connection.transKcmd("DFN??"));
-  EXPECT_FALSE(connection.trans_usb("DFN??"));
+  EXPECT_EQ(messages.count(), 1U);
 }
 
-TEST_F(CommandRouting, WithoutASerialLinkACommandForItIsDropped) {
+TEST_F(CommandRouting, OverASerialPortThatIsNotOpenNothingIsSentAndNothingIsSaid) {
   link.comPort = "1";
-  EXPECT_TRUE(connection.trans_usb("DFN??"));
+  EXPECT_FALSE(connection.trans_usb("DFN??"));
+  EXPECT_TRUE(link.rxTimeout);
+  EXPECT_FALSE(link.linkBusy);
+  EXPECT_TRUE(serialPort.written.empty());
+  EXPECT_EQ(messages.count(), 0U);
   EXPECT_EQ(hid.opens, 0U);
 }
 
@@ -105,11 +106,18 @@ TEST_F(CommandRouting, AUsbOnlyCommandOnASerialLinkSendsNothingAndPanelOneTells)
   useSerial("1");
   form.StatusBar1.setPanel(2, "COM1:9600");
   EXPECT_TRUE(connection.transUsbOnly("DRGup;DRG??"));
-  EXPECT_TRUE(serial.empty());
+  EXPECT_TRUE(serialPort.commands.empty());
   EXPECT_EQ(hid.opens, 0U);
   EXPECT_EQ(messages.count(), 0U);
   EXPECT_EQ(form.StatusBar1.panel(1), "Works over USB only");
   EXPECT_EQ(form.StatusBar1.panel(2), "COM1:9600");
+}
+
+TEST_F(CommandRouting, TheHintThatSomethingWorksOverUsbOnlyGoesWithTheNextCommand) {
+  useSerial("1");
+  connection.transUsbOnly("DRGup;DRG??");
+  connection.transKcmd("VDAup;VDA??");
+  EXPECT_EQ(form.StatusBar1.panel(1), "");
 }
 
 TEST_F(CommandRouting, AFailureOfAUsbOnlyCommandIsTold) {

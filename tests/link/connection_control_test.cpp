@@ -40,7 +40,7 @@ TEST_F(ConnectButton, ConnectingOnTheMeterTabAsksForTheParametersToo) {
 }
 
 TEST_F(ConnectButton, TheParametersAreAskedOfTheTabThatTheAnswerShows) {
-  connection.dspRcv = [this] { form.SSTab1.setTab(1); };
+  connection.onFrame([this] { form.SSTab1.setTab(1); });
   connection.cmdBttn_Click(0);
   EXPECT_EQ(hid.commands, (Texts{"DFN??", "DPS??"}));
 }
@@ -161,30 +161,6 @@ TEST_F(ConnectButton, ConnectingAndDisconnectingCanBeRepeated) {
   }
   EXPECT_EQ(hid.commands.size(), 10U);
   EXPECT_EQ(messages.count(), 0U);
-}
-
-TEST_F(ConnectButton, OverTheSerialLinkTheProbeDecidesAndLeaveIsTakenWithASound) {
-  link.comPort = "1";
-  Texts sent;
-  bool answered = false;
-  connection.trans_rs2 = [&](std::string_view command) {
-    sent.emplace_back(command);
-    return answered;
-  };
-
-  connection.cmdBttn_Click(0);
-  EXPECT_FALSE(connection.connected());
-  answered = true;
-  connection.cmdBttn_Click(0);
-  EXPECT_TRUE(connection.connected());
-  EXPECT_EQ(form.StatusBar1.panel(2), "Connected");
-  EXPECT_EQ(beeper.beeps, 0);
-  connection.cmdBttn_Click(0);
-
-  EXPECT_EQ(sent, (Texts{"DFN??", "DFN??", "GTL"}));
-  EXPECT_EQ(beeper.beeps, 1);
-  EXPECT_EQ(form.StatusBar1.panel(2), "Disconnected");
-  EXPECT_EQ(hid.opens, 0U);
 }
 
 class ExitButton : public tests::ConnectionFixture {

@@ -6,9 +6,13 @@
 #include <vector>
 
 #include "link/connection_control.h"
+#include "link/window_state.h"
 #include "tests/fakes/fake_beeper.h"
 #include "tests/fakes/fake_message_boxes.h"
+#include "tests/fakes/fake_message_pump.h"
 #include "tests/fakes/fake_raw_hid.h"
+#include "tests/fakes/fake_search_view.h"
+#include "tests/fakes/fake_serial_port.h"
 
 namespace vireon::tests {
 
@@ -16,11 +20,12 @@ namespace vireon::tests {
 class ConnectionFixture : public testing::Test {
  protected:
   ConnectionFixture() {
-    connection.showConnected(false);
-    connection.dspRcv = [this] {
+    link::showConnected(form, false);
+    pump.timeOut = &form.tmrCom;
+    connection.onFrame([this] {
       const auto text = state.rxBuf.begin() + 1;
       frames.emplace_back(text, text + state.rxLen);
-    };
+    });
   }
 
   // Connects the window if it is not, and forgets what that sent.
@@ -78,7 +83,11 @@ class ConnectionFixture : public testing::Test {
   form::MainForm form;
   protocol::InstrumentState state;
   link::LinkState link;
-  link::ConnectionControl connection{form, state, link, {hid, messages, beeper}};
+  FakeSerialPort serialPort;
+  FakeMessagePump pump{serialPort};
+  FakeSearchView searchView;
+  link::ConnectionControl connection{
+      form, state, link, {hid, messages, beeper, serialPort, pump, searchView}};
   std::vector<std::string> frames;  // texts handed to dspRcv
 };
 

@@ -121,17 +121,17 @@ TEST_F(UsbAnswer, AControlAnswerIsOneByteOfText) {
 }
 
 TEST_F(UsbAnswer, TheFrameIsHandedOverWhenBothLampsAreWhite) {
-  connection.dspRcv = [this] {
+  connection.onFrame([this] {
     EXPECT_EQ(form.Txled[0].fillColor(), form::kWhite);
     EXPECT_EQ(form.Txled[1].fillColor(), form::kWhite);
     frames.emplace_back("seen");
-  };
+  });
   connection.trans_usb("DFN??");
   EXPECT_EQ(frames, Texts{"seen"});
 }
 
 TEST_F(UsbAnswer, AnAnswerThatNobodyTakesEndsTheExchangeLikeAnyOther) {
-  connection.dspRcv = nullptr;
+  connection.onFrame(nullptr);
   EXPECT_TRUE(connection.trans_usb("DFN??"));
   EXPECT_EQ(link.usbResult, 1);
 }

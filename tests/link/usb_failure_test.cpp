@@ -56,8 +56,8 @@ TEST_F(UsbFailure, ADeviceThatIsNotThereIsReportedOnceAndNothingIsSent) {
 TEST_F(UsbFailure, AMissingPermissionIsExplainedInPanelOneUntilTheDeviceOpens) {
   hid.openErrors[1] = platform::HidOpenError::kNoPermission;
   EXPECT_FALSE(exchange());
-  EXPECT_EQ(form.StatusBar1.panel(1), "No permission to open the instrument's device node");
-  EXPECT_NE(form.StatusBar1.toolTip(1).find("udev rule for vendor 10C4"), std::string::npos);
+  EXPECT_EQ(form.StatusBar1.panel(1), "No permission for /dev/hidraw0: a udev rule gives it");
+  EXPECT_NE(form.StatusBar1.toolTip(1).find("ATTRS{idVendor}==\"10c4\""), std::string::npos);
   EXPECT_TRUE(exchange());
   EXPECT_EQ(form.StatusBar1.panel(1), "");
   EXPECT_EQ(form.StatusBar1.toolTip(1), "");

@@ -27,13 +27,11 @@ class MeterFixture : public ConnectionFixture {
 
   void useSerial() {
     link.comPort = "1";
-    connection.trans_rs2 = [this](std::string_view command) {
-      serial.emplace_back(command);
-      return true;
-    };
+    link.baudRate = "9600";
+    connection.serial().com_open();
   }
 
-  Texts serial;
+  Texts& serial = serialPort.commands;
 };
 
 }  // namespace vireon::tests

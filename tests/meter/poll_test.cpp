@@ -93,7 +93,7 @@ TEST_F(Poll, AWaitingRecordIsFetchedOnce) {
 TEST_F(Poll, ARecordThatTheAnswerOfThePollAnnouncesIsFetchedAtOnce) {
   form.SSTab1.setTab(1);
   form.picSwin[1].setVisible(false);
-  connection.dspRcv = [this] { state.memFull = hid.commands.back() == "DRM??"; };
+  connection.onFrame([this] { state.memFull = hid.commands.back() == "DRM??"; });
   EXPECT_EQ(tick(), (Texts{"DRM??", "DRT??"}));
 }
 
@@ -101,7 +101,7 @@ TEST_F(Poll, ARecordAnnouncedByTheFetchItselfWaitsForTheNextTick) {
   form.SSTab1.setTab(1);
   form.picSwin[1].setVisible(false);
   state.memFull = true;
-  connection.dspRcv = [this] { state.memFull = state.memFull || hid.commands.back() == "DRT??"; };
+  connection.onFrame([this] { state.memFull = state.memFull || hid.commands.back() == "DRT??"; });
   EXPECT_EQ(tick(), (Texts{"DRM??", "DRT??"}));
   EXPECT_TRUE(state.memFull);
 }
@@ -129,11 +129,11 @@ TEST_F(Poll, TheMarkGoesBehindTheRecordThatWasJustFetched) {
   form.SSTab1.setTab(1);
   state.memFull = true;
   state.logEnd = true;
-  connection.dspRcv = [this] {
+  connection.onFrame([this] {
     if (hid.commands.back() == "DRT??") {
       state.logRow = 2;
     }
-  };
+  });
   tick();
   EXPECT_EQ(time(1), "");
   EXPECT_EQ(time(2), "--EOD--");

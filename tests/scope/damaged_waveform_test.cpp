@@ -4,6 +4,7 @@
 #include "scope/scope_controls.h"
 #include "tests/fakes/fake_message_boxes.h"
 #include "tests/fakes/fake_raw_hid.h"
+#include "tests/fakes/fake_serial.h"
 #include "tests/scope/sane_state.h"
 #include "tests/scope/scope_rig.h"
 
@@ -23,7 +24,9 @@ class Window : public tests::ScopeParts {
   tests::FakeRawHid hid_;
   tests::FakeMessageBoxes messages_;
   link::LinkState link_;
-  link::ConnectionControl connection_{form, state, link_, {hid_, messages_, beeper}};
+  tests::FakeSerial serial_;
+  link::ConnectionControl connection_{
+      form, state, link_, {hid_, messages_, beeper, serial_.port, serial_.pump, serial_.view}};
   ScopeControls controls_{form, state, connection_};
 };
 

@@ -12,6 +12,7 @@
 #include "tests/fakes/fake_beeper.h"
 #include "tests/fakes/fake_message_boxes.h"
 #include "tests/fakes/fake_raw_hid.h"
+#include "tests/fakes/fake_serial.h"
 
 namespace vireon::tests {
 
@@ -38,7 +39,9 @@ class ScopeControlsRig : public testing::Test {
   FakeMessageBoxes messages_;
   FakeBeeper beeper_;
   link::LinkState link_;
-  link::ConnectionControl connection_{form_, state_, link_, {hid_, messages_, beeper_}};
+  FakeSerial serial_;
+  link::ConnectionControl connection_{
+      form_, state_, link_, {hid_, messages_, beeper_, serial_.port, serial_.pump, serial_.view}};
   scope::ScopeControls controls_{form_, state_, connection_};
 };
 

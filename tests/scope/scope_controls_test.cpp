@@ -176,12 +176,10 @@ TEST_F(ScopeControlsTest, SelectingTheSelectedSourceSendsNothing) {
 }
 
 TEST_F(ScopeControlsTest, OnASerialLinkEverythingButTheTimeBaseAutoGoesOut) {
-  Commands serial;
+  Commands& serial = serial_.port.commands;
   link_.comPort = "1";
-  connection_.trans_rs2 = [&](std::string_view command) {
-    serial.emplace_back(command);
-    return true;
-  };
+  link_.baudRate = "9600";
+  connection_.serial().com_open();
   form_.trgLvl.setValue(0x7F);
   form_.StatusBar1.setPanel(1, "");
   for (const tests::PanelAction& action : tests::panelActions()) {

@@ -11,8 +11,10 @@
 #include <vector>
 
 #include "app/executables/session.h"
+#include "app/memory_file_store.h"
 #include "app/simulated_hid.h"
 #include "simulator/instrument.h"
+#include "tests/fakes/fake_serial_port.h"
 
 namespace vireon::tests {
 
@@ -53,8 +55,8 @@ class MessageWatcher : public QObject {
 class WindowTest : public testing::Test {
  protected:
   explicit WindowTest(simulator::Model model = simulator::Model::kK7310)
-      : instrument(model, clock), endpoint(instrument, clock), hid(endpoint, model), session(hid) {
-    session.show();
+      : instrument(model, clock), endpoint(instrument, clock), hid(endpoint, model) {
+    EXPECT_TRUE(session.show());
     turn();
   }
 
@@ -98,7 +100,10 @@ class WindowTest : public testing::Test {
   simulator::Instrument instrument;
   simulator::UsbEndpoint endpoint;
   app::SimulatedHid hid;
-  app::Session session;
+  FakeSerialPort serialPort;
+  app::MemoryFileStore files;
+  adapters::ModalGate gate;
+  app::Session session{{hid, serialPort, files}, "folder", gate};
 };
 
 }  // namespace vireon::tests

@@ -1,0 +1,168 @@
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "app/program.h"
+#include "link/window_state.h"
+#include "meter/panel_layouts.h"
+#include "protocol/reply_text.h"
+#include "protocol/vocabulary.h"
+#include "scope/scale_tables.h"
+
+namespace vireon::app {
+namespace {
+
+constexpr int kProductIds = 4;              // of the family's models
+constexpr int kBeforeFirstProduct = -8192;  // E000 hexadecimal as signed 16 bits
+constexpr const char* kCheckCommunicationCable =
+    "Device not detected...Please check Communication cable & connector.";
+constexpr const char* kCheckUsbCable = "Device not detected...Please check USB cable & connector.";
+
+struct Model {
+  std::string_view identity;
+  const char* tabCount;
+};
+constexpr std::array<Model, 4> kModels{{{"K7310", "2"}, {"K7210", "1"}, {"K7201", "1"}, {"K7900", "1"}}};
+
+// Shows the search for a scope.
+class SearchScope {
+ public:
+  explicit SearchScope(platform::SearchView& view) : view_(view) { view_.begin(); }
+  SearchScope(const SearchScope&) = delete;
+  SearchScope& operator=(const SearchScope&) = delete;
+  ~SearchScope() { view_.end(); }
+
+ private:
+  platform::SearchView& view_;
+};
+
+}  // namespace
+
+bool Program::Form_Load() {
+  if (!settings_.fileExists(settingsPath_) && !firstRun()) {
+    Form_Unload();
+    return false;
+  }
+  const protocol::UiBusyScope busy(state);
+  readSettings();
+  prepareWindow();
+  connection.failuresAreTold = true;
+  loaded_ = true;
+  return true;
+}
+
+bool Program::firstRun() {
+  const SearchScope search(searchView_);
+  connection.failuresAreTold = false;
+  cancelled_ = false;
+  if (!findOnUsb()) {
+    link.comPort = "1";
+    connection.serial().com_search();
+    if (cancelled_) {
+      return false;
+    }
+    if (form.StatusBar1.panel(2).empty()) {
+      return deviceNotFound(kCheckCommunicationCable);
+    }
+  }
+  return identify();
+}
+
+bool Program::findOnUsb() {
+  for (int i = 1; i <= kProductIds; ++i) {
+    link.usbProductId = static_cast<std::int16_t>(kBeforeFirstProduct + i);
+    link::ApiUsb& usb = connection.apiUsb();
+    if (usb.findDevice()) {
+      link.comPort = "0";
+      return true;
+    }
+    if (const auto advice = link::adviceFor(usb.openError(), usb.triedNode()); advice && !usbAdvice_) {
+      usbAdvice_ = advice;
+      searchView_.advise(advice->line, advice->text);
+    }
+  }
+  return false;
+}
+
+// Asks the instrument found for its model; True when that is one of the family and was written down.
+bool Program::identify() {
+  connection.trans_usb(protocol::kQueryIdentity);
+  pump_.pump();
+  if (cancelled_) {
+    return false;
+  }
+  if (link.onUsb() && link.usbResult != 1) {
+    return deviceNotFound(kCheckUsbCable);
+  }
+  const auto model = std::ranges::find(kModels, protocol::trimmed(state.modelId), &Model::identity);
+  if (model == kModels.end()) {
+    return deviceNotFound(kCheckCommunicationCable);
+  }
+  tabCount_ = model->tabCount;
+  writeSettings();
+  return true;
+}
+
+// Tells so and returns False.
+bool Program::deviceNotFound(const char* text) {
+  if (usbAdvice_) {
+    link::showAdvice(form, *usbAdvice_);
+  }
+  messages_.show({"Device Not Found", text, platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
+  return false;
+}
+
+void Program::writeSettings() {
+  write("Caption", form.caption());
+  write("System ID", state.modelId);
+  write("ProductId", std::to_string(link.usbProductId));
+  write("Tabs", tabCount_);
+  write("ComPort", link.comPort);
+  write("BaudRate", link.baudRate);
+}
+
+void Program::readSettings() {
+  form.setCaption(read("Caption", form.caption()));
+  link.usbProductId = static_cast<std::int16_t>(
+      protocol::leadingNumber(read("ProductId", std::to_string(link.usbProductId))));
+  state.modelId = read("System ID", state.modelId);
+  form.SSTab1.setTabs(read("Tabs", tabCount_) == "2" ? 2 : 1);
+  link.comPort = read("ComPort", link.comPort);
+  link.baudRate = read("BaudRate", link.baudRate);
+}
+
+void Program::write(const char* key, const std::string& value) {
+  if (!settings_.writeIni(key, key, value, settingsPath_)) {
+    unwritten_.emplace_back(key);
+  }
+}
+
+// The key's value in the settings file, or the one in hand where that could not be written there.
+std::string Program::read(const char* key, const std::string& inHand) {
+  const bool unwritten = std::ranges::find(unwritten_, key) != unwritten_.end();
+  return unwritten ? inHand : settings_.readIni(key, key, settingsPath_);
+}
+
+void Program::prepareWindow() {
+  if (form.SSTab1.tabs() != 2) {
+    form.cmdClock.setVisible(false);
+  }
+  if (link.onUsb()) {
+    form.StatusBar1.setPanel(2, "USB(HID)");
+  } else {
+    form.StatusBar1.setPanel(2, "COM" + link.comPort + ":" + link.baudRate);
+    link.comWait = link::answerTimeOut(link.baudRate);
+  }
+  form.posT.setCaption("~T");
+  form.posDV[0].setCaption("CHA");
+  form.posDV[1].setCaption("CHB");
+  scope::initLbl(form, state);
+  form.SSTab1.setTab(0);
+  meter::setTabPan(form);
+  for (form::PictureBox* panel : {&form.panTrd, &form.picSet, &form.picSwin[0], &form.picSwin[1]}) {
+    panel->setVisible(false);
+  }
+  link::showConnected(form, false);
+}
+
+}  // namespace vireon::app

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "form/main_form.h"
+
+namespace vireon::link {
+
+// Shows the start button as running or not, and lets the poll timer run or stops it.
+void switchSampling(form::MainForm& form, bool running);
+
+// Marks the connect button and enables or disables the controls that work only while connected; the window
+// starts disconnected.
+void showConnected(form::MainForm& form, bool connected);
+
+// Paints the two lamps at once.
+void showLamps(form::MainForm& form, form::Color transmit, form::Color receive);
+
+// What every failure of a link leaves: no sampling, disconnected, both lamps idle.
+void fallBack(form::MainForm& form);
+
+}  // namespace vireon::link
