@@ -4,6 +4,8 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <ostream>
 
 #include "tests/fakes/simulator_process.h"
 #include "tests/fakes/temporary_folder.h"
@@ -37,6 +39,8 @@ struct Port {
 struct Rate {
   speed_t speed;
   const char* text;
+
+  friend std::ostream& operator<<(std::ostream& out, const Rate& shown) { return out << shown.text; }
 };
 
 class SerialProcessRate : public testing::TestWithParam<Rate> {};
@@ -108,6 +112,8 @@ TEST(SerialProcess, TellsACommandThatIsNoTextInHexadecimal) {
 struct Seen {
   const char* fault;
   std::string answer;
+
+  friend std::ostream& operator<<(std::ostream& out, const Seen& shown) { return out << shown.fault; }
 };
 
 class SerialProcessFault : public testing::TestWithParam<Seen> {};
