@@ -29,6 +29,11 @@ void startOfTheWindow(benchmark::State& state) {
 }
 BENCHMARK(startOfTheWindow)->UseRealTime()->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
 
+void startWithAnExistingSettingsFile(benchmark::State& state) {
+  runUntilShown(state, VIREON_LATER_START);
+}
+BENCHMARK(startWithAnExistingSettingsFile)->UseRealTime()->Unit(benchmark::kMillisecond)->MinWarmUpTime(0.5);
+
 void startOfAnEmptyWindow(benchmark::State& state) {
   runUntilShown(state, VIREON_EMPTY_WINDOW);
 }

@@ -124,12 +124,13 @@ TEST_F(BindingOf, LampsShowTheirColours) {
   EXPECT_EQ(find<adapters::Lamp>("Txled_0")->color(), form::kRed);
 }
 
-class Refresh : public WindowTest {};
-
-TEST_F(Refresh, OfALampPaintsItBeforeTheWindowsNextTurn) {
-  form().Txled[1].setFillColor(form::kGreen);
-  form().Txled[1].refresh();
-  EXPECT_EQ(find<adapters::Lamp>("Txled_1")->color(), form::kGreen);
+TEST(Refresh, OfALampPaintsItBeforeTheWindowsNextTurn) {
+  form::MainForm form;
+  const adapters::ModalGate gate;
+  const adapters::MainWindow window(form, gate);
+  form.Txled[1].setFillColor(form::kGreen);
+  form.Txled[1].refresh();
+  EXPECT_EQ(window.findChild<adapters::Lamp*>(QStringLiteral("Txled_1"))->color(), form::kGreen);
 }
 
 TEST_F(BindingOf, TheGridShowsItsRowsBelowTheHeader) {
