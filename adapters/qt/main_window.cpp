@@ -54,6 +54,9 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
       Form_Resize();
     }
   });
+  closer_.setSingleShot(true);
+  closer_.setInterval(0);
+  connect(&closer_, &QTimer::timeout, this, &QWidget::close);
   Form_Resize();
   scalePanel();
 }
@@ -161,10 +164,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   closing_ = closing_ || !mayClose || mayClose();
   event->setAccepted(closing_);
-}
-
-void MainWindow::closeLater() {
-  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
 }  // namespace vireon::adapters

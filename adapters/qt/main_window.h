@@ -29,7 +29,7 @@ class MainWindow : public QWidget {
   std::function<bool()> mayClose;
 
   // Asks the window to close at the event loop's next turn.
-  void closeLater();
+  void closeLater() { closer_.start(); }
 
   ControlBinder& binder() { return *binder_; }
 
@@ -58,6 +58,7 @@ class MainWindow : public QWidget {
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
   QTimer snapper_;  // snaps at the window's next turn
+  QTimer closer_;   // closes at the window's next turn
   const ModalGate& gate_;
   QSize asked_;  // the inner size last asked for
   QSize got_;    // and the one there was at that time

@@ -1,6 +1,5 @@
 #include "adapters/qt/serial_port.h"
 
-#include <QMetaObject>
 #include <algorithm>
 #include <utility>
 
@@ -35,7 +34,20 @@ SerialOpenResult refusal(QSerialPort::SerialPortError error, const QString& devi
 }  // namespace
 
 QtSerialPort::QtSerialPort(std::function<QString(int com)> deviceOf, NodePatience patience)
-    : deviceOf_(std::move(deviceOf)), patience_(std::move(patience)) {}
+    : deviceOf_(std::move(deviceOf)), patience_(std::move(patience)) {
+  // The library is silent while its own signal is being handled, so events are raised after it.
+  const auto raiseLater = [this](QTimer& timer, const std::function<void()>& event) {
+    timer.setSingleShot(true);
+    timer.setInterval(0);
+    connect(&timer, &QTimer::timeout, this, [&event] {
+      if (event) {
+        event();
+      }
+    });
+  };
+  raiseLater(arrival_, onArrival);
+  raiseLater(loss_, onLost);
+}
 
 QtSerialPort::~QtSerialPort() {
   QtSerialPort::close();
@@ -72,16 +84,18 @@ SerialOpenResult QtSerialPort::open(int com, const platform::SerialSettings& set
   port->setRequestToSend(true);
   port->clear();
   port_ = std::move(port);
-  connect(port_.get(), &QSerialPort::readyRead, this, &QtSerialPort::arrived);
+  connect(port_.get(), &QSerialPort::readyRead, &arrival_, qOverload<>(&QTimer::start));
   connect(port_.get(), &QSerialPort::errorOccurred, this, &QtSerialPort::failed);
   return result;
 }
 
 void QtSerialPort::close() {
+  arrival_.stop();
+  loss_.stop();
   if (port_ == nullptr) {
     return;
   }
-  port_->disconnect(this);
+  port_->disconnect();
   port_->close();
   // It may be the sender of the signal that led here.
   port_.release()->deleteLater();
@@ -113,21 +127,6 @@ std::vector<std::uint8_t> QtSerialPort::read(std::size_t limit) {
   return bytes;
 }
 
-// The library is silent while its own signal is being handled, so the event is delivered after it.
-void QtSerialPort::arrived() {
-  if (!std::exchange(arrivalPosted_, true)) {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-          arrivalPosted_ = false;
-          if (onArrival) {
-            onArrival();
-          }
-        },
-        Qt::QueuedConnection);
-  }
-}
-
 // A device that is gone would report so without end.
 void QtSerialPort::failed(QSerialPort::SerialPortError error) {
   if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
@@ -135,14 +134,7 @@ void QtSerialPort::failed(QSerialPort::SerialPortError error) {
     return;
   }
   close();
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        if (onLost) {
-          onLost();
-        }
-      },
-      Qt::QueuedConnection);
+  loss_.start();
 }
 
 }  // namespace vireon::adapters

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QSerialPort>
 #include <QString>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -29,13 +30,13 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   std::vector<std::uint8_t> read(std::size_t limit) override;
 
  private:
-  void arrived();
   void failed(QSerialPort::SerialPortError error);
 
   std::function<QString(int com)> deviceOf_;
   NodePatience patience_;
   std::unique_ptr<QSerialPort> port_;
-  bool arrivalPosted_ = false;
+  QTimer arrival_;  // raises onArrival at the next turn
+  QTimer loss_;     // raises onLost at the next turn
 };
 
 }  // namespace vireon::adapters

@@ -284,8 +284,12 @@ TEST(SerialProcess, FourPortsInOneFolderLiveSideBySide) {
 }
 
 TEST(SerialProcess, WrongWordsAreOneLineAndStatusTwo) {
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {"--fault", "sing", "--folder", "."}, {"--folder", "./nowhere"}, {"--colour"}, {}}) {
+  const TemporaryFolder folder;
+  const std::string here = folder.path().string();
+  const std::string nowhere = (folder / "nowhere").string();
+  const std::vector<std::vector<std::string>> wrong{
+      {"--folder", here, "--fault", "sing"}, {"--folder", nowhere}, {"--folder", here, "--colour"}, {}};
+  for (const auto& words : wrong) {
     SimulatorProcess process(words);
     EXPECT_EQ(process.waitForExit(), 2);
     EXPECT_EQ(process.errors().find('\n'), process.errors().size() - 1) << process.errors();
@@ -295,7 +299,7 @@ TEST(SerialProcess, WrongWordsAreOneLineAndStatusTwo) {
 TEST(SerialProcess, HelpExplainsOptionsAndFaults) {
   SimulatorProcess process({"--help"});
   EXPECT_TRUE(process.waitFor("  --control         take lines on the standard input, and end when it ends:"));
-  EXPECT_TRUE(process.waitFor("  twice             the answer twice, in one piece; serial"));
+  EXPECT_TRUE(process.waitFor("  twice              the answer twice, in one piece; serial"));
   EXPECT_EQ(process.waitForExit(), 0);
 }
 
