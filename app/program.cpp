@@ -44,6 +44,10 @@ void Program::tie() {
   sampling.connectEvents();
   loggerControls.connectEvents();
   form.SSTab1.onSwitch = [this] { meter::SSTab1_Switch(form, state, connection); };
+  form.SSTab1.onLook = [this] {
+    const protocol::UiBusyScope busy(state);
+    meter::setTabPan(form);
+  };
   form.cmdBttn.onEach(&form::Button::onClick, [this](int index) { connection.cmdBttn_Click(index); });
   connection.operations().onIdle = [this] {
     if (std::exchange(closeWanted_, false) && closeLater) {

@@ -25,12 +25,22 @@ void TabControl::setTabs(int count) {
 }
 
 void TabControl::setTab(int tab) {
+  if (choose(tab)) {
+    raise(onSwitch);
+  }
+}
+
+void TabControl::look(int tab) {
+  if (choose(tab)) {
+    raise(onLook);
+  }
+}
+
+bool TabControl::choose(int tab) {
   if (tab < 0 || tab >= tabs()) {
     throw Fault(FaultKind::kPropertyValue);
   }
-  if (assign(tab_, tab)) {
-    raise(onSwitch);
-  }
+  return assign(tab_, tab);
 }
 
 void TabControl::accept(ControlVisitor& visitor) {

@@ -25,9 +25,15 @@ class TabControl : public Control {
   void setTab(int tab);
   Handler onSwitch;
 
+  // What the user's choice of a tab does while the strip is disabled: shows it and raises onLook instead.
+  void look(int tab);
+  Handler onLook;
+
   void accept(ControlVisitor& visitor) override;
 
  private:
+  bool choose(int tab);
+
   std::vector<std::string> captions_{""};
   int tab_ = 0;
 };

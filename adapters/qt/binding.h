@@ -16,6 +16,9 @@ class Binding {
   // Brings the widget to the control's present state; raises no event of the control.
   virtual void show() = 0;
 
+  // Lets the widget take input or not; a binding whose widget is always usable overrides it.
+  virtual void enable(bool enabled) { widget_->setEnabled(enabled); }
+
   QWidget* widget() const { return widget_; }
 
   bool waiting = false;  // the control changed since the last show()

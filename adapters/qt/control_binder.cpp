@@ -104,7 +104,7 @@ void ControlBinder::show(const form::Control& control, Binding& binding) {
     if (frame.isHidden() == control.visible()) {
       frame.setVisible(control.visible());
     }
-    widget->setEnabled(control.enabled());
+    binding.enable(control.enabled());
   }
   binding.show();
 }
@@ -128,7 +128,7 @@ void ControlBinder::visit(form::ComboBox& control) {
   bind<ComboBoxBinding, QComboBox>(control);
 }
 void ControlBinder::visit(form::Slider& control) {
-  bind<SliderBinding, QSlider>(control);
+  bind<SliderBinding, EdgeSlider>(control);
 }
 void ControlBinder::visit(form::ProgressBar& control) {
   bind<ProgressBarBinding, QProgressBar>(control);

@@ -77,22 +77,16 @@ void ComboBoxBinding::show() {
   combo_.setCurrentIndex(control_.listIndex());
 }
 
-SliderBinding::SliderBinding(form::Slider& control, QSlider& widget)
+SliderBinding::SliderBinding(form::Slider& control, EdgeSlider& widget)
     : Binding(&widget), control_(control), slider_(widget) {
-  QObject::connect(&widget, &QSlider::valueChanged, &widget, [&control, &widget](int value) {
-    if (!widget.isSliderDown()) {
-      control.setValue(value);
-    }
-  });
-  QObject::connect(&widget, &QSlider::sliderReleased, &widget,
+  QObject::connect(&widget, &EdgeSlider::moveCompleted, &widget,
                    [&control, &widget] { control.setValue(widget.value()); });
 }
 
 void SliderBinding::show() {
-  if (slider_.isSliderDown()) {
+  if (slider_.moving()) {
     return;
   }
-  const QSignalBlocker blocker(slider_);
   slider_.setRange(control_.minimum(), control_.maximum());
   slider_.setValue(control_.value());
 }

@@ -3,9 +3,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSlider>
 
 #include "adapters/qt/binding.h"
+#include "adapters/qt/edge_slider.h"
 #include "adapters/qt/picture_view.h"
 #include "form/fields.h"
 #include "form/ranges.h"
@@ -49,15 +49,15 @@ class ComboBoxBinding : public Binding {
   QComboBox& combo_;
 };
 
-// A slider; the control learns of a drag when it is complete, of keys and wheel at once.
+// A slider; the control learns of a move when it is complete.
 class SliderBinding : public Binding {
  public:
-  SliderBinding(form::Slider& control, QSlider& widget);
+  SliderBinding(form::Slider& control, EdgeSlider& widget);
   void show() override;
 
  private:
   form::Slider& control_;
-  QSlider& slider_;
+  EdgeSlider& slider_;
 };
 
 }  // namespace vireon::adapters

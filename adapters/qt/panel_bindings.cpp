@@ -38,8 +38,13 @@ TabControlBinding::TabControlBinding(form::TabControl& control, QTabBar& widget)
   widget.setDrawBase(false);
   widget.setExpanding(false);
   QObject::connect(&widget, &QTabBar::currentChanged, &widget, [&control](int tab) {
-    if (tab >= 0) {
+    if (tab < 0) {
+      return;
+    }
+    if (control.enabled()) {
       control.setTab(tab);
+    } else {
+      control.look(tab);
     }
   });
 }

@@ -46,10 +46,12 @@ class ProgressBarBinding : public Binding {
   QProgressBar& bar_;
 };
 
+// A strip of tabs; while its control is disabled it still shows the panels.
 class TabControlBinding : public Binding {
  public:
   TabControlBinding(form::TabControl& control, QTabBar& widget);
   void show() override;
+  void enable(bool /*enabled*/) override {}
 
  private:
   form::TabControl& control_;

@@ -1,0 +1,197 @@
+#include "adapters/qt/edge_slider.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVariant>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "adapters/qt/picture_view.h"
+
+namespace vireon::adapters {
+namespace {
+
+constexpr double kHandle = 7.0;  // half its length along, pixels at the form file's size
+constexpr double kGroove = 3.0;  // its width
+constexpr double kAcross = 20.0; // width of a slider in the form file
+
+bool turnsValue(int key) {
+  switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+EdgeSlider::EdgeSlider(QWidget* parent) : QSlider(parent) {
+  settled_.setSingleShot(true);
+  settled_.setInterval(kSettled);
+  connect(&settled_, &QTimer::timeout, this, &EdgeSlider::complete);
+}
+
+// The marker is there once the whole form file is read.
+void EdgeSlider::showEvent(QShowEvent* event) {
+  QSlider::showEvent(event);
+  if (marker_ == nullptr) {
+    marker_ = window()->findChild<QWidget*>(property("marker").toString());
+    if (marker_ != nullptr) {
+      marker_->installEventFilter(this);
+    }
+  }
+}
+
+bool EdgeSlider::eventFilter(QObject* object, QEvent* event) {
+  if (object == marker_ && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
+    update();
+  }
+  return QSlider::eventFilter(object, event);
+}
+
+double EdgeSlider::pixelsPerStep() const {
+  const auto* picture = marker_ == nullptr ? nullptr : qobject_cast<const PictureView*>(marker_->parentWidget());
+  if (picture == nullptr) {
+    return length() / static_cast<double>(std::max(1, maximum() - minimum()));
+  }
+  const QPointF step = picture->fromTwips(kTwipsPerStep, kTwipsPerStep);
+  return orientation() == Qt::Vertical ? step.y() : step.x();
+}
+
+// The middle of the marker along the slider; a horizontal marker's left edge names its place.
+double EdgeSlider::markerPosition() const {
+  if (marker_ == nullptr) {
+    return (value() - minimum()) * pixelsPerStep();
+  }
+  const QPointF middle = QRectF(marker_->geometry()).center();
+  return along(mapFromGlobal(marker_->parentWidget()->mapToGlobal(middle)).toPoint());
+}
+
+int EdgeSlider::handlePosition() const {
+  const double at = moving_ ? anchor_ + (value() - startValue_) * pixelsPerStep() : markerPosition();
+  return static_cast<int>(std::lround(std::clamp(at, 0.0, static_cast<double>(length() - 1))));
+}
+
+QRectF EdgeSlider::handleRect() const {
+  const double scale = (orientation() == Qt::Vertical ? width() : height()) / kAcross;
+  const double half = kHandle * scale;
+  const double at = std::clamp<double>(handlePosition(), half, length() - half);
+  return orientation() == Qt::Vertical ? QRectF(1, at - half, width() - 2, 2 * half)
+                                       : QRectF(at - half, 1, 2 * half, height() - 2);
+}
+
+void EdgeSlider::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double scale = (orientation() == Qt::Vertical ? width() : height()) / kAcross;
+  const double groove = kGroove * scale;
+  const QRectF inside = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  const QRectF line = orientation() == Qt::Vertical
+                          ? QRectF(inside.center().x() - groove / 2, inside.top(), groove, inside.height())
+                          : QRectF(inside.left(), inside.center().y() - groove / 2, inside.width(), groove);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette().color(QPalette::Mid));
+  painter.drawRoundedRect(line, groove / 2, groove / 2);
+
+  const QColor tint = property("tint").value<QColor>();
+  const QColor face = !isEnabled() ? palette().color(QPalette::Mid)
+                      : tint.isValid() ? tint
+                                       : palette().color(QPalette::Button);
+  const QRectF handle = handleRect();
+  painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Highlight) : face.darker(170), hasFocus() ? 2 : 1));
+  painter.setBrush(face);
+  painter.drawRoundedRect(handle.adjusted(0.5, 0.5, -0.5, -0.5), 3 * scale, 3 * scale);
+  painter.setPen(QPen(face.darker(220), 1));
+  if (orientation() == Qt::Vertical) {
+    painter.drawLine(QPointF(handle.left() + 4, handle.center().y()), QPointF(handle.right() - 4, handle.center().y()));
+  } else {
+    painter.drawLine(QPointF(handle.center().x(), handle.top() + 4), QPointF(handle.center().x(), handle.bottom() - 4));
+  }
+}
+
+void EdgeSlider::begin() {
+  if (!moving_) {
+    anchor_ = handlePosition();
+    startValue_ = value();
+    moving_ = true;
+  }
+}
+
+void EdgeSlider::complete() {
+  settled_.stop();
+  grabbed_ = false;
+  if (moving_) {
+    moving_ = false;
+    Q_EMIT moveCompleted();
+  }
+  update();
+}
+
+void EdgeSlider::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) {
+    event->ignore();
+    return;
+  }
+  begin();
+  const int at = along(event->pos());
+  if (!handleRect().contains(event->position())) {
+    setValue(value() + (at < anchor_ ? -pageStep() : pageStep()));
+    complete();
+    return;
+  }
+  grabbed_ = true;
+  grabbedAt_ = at;
+}
+
+void EdgeSlider::mouseMoveEvent(QMouseEvent* event) {
+  if (grabbed_) {
+    const double moved = (along(event->pos()) - grabbedAt_) / pixelsPerStep();
+    setValue(startValue_ + static_cast<int>(std::lround(moved)));
+    update();
+  }
+}
+
+void EdgeSlider::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && grabbed_) {
+    complete();
+  }
+}
+
+void EdgeSlider::wheelEvent(QWheelEvent* event) {
+  begin();
+  QSlider::wheelEvent(event);
+  settled_.start();
+}
+
+// A held key turns the value on and on; its release ends the move.
+void EdgeSlider::keyPressEvent(QKeyEvent* event) {
+  if (turnsValue(event->key())) {
+    begin();
+  }
+  QSlider::keyPressEvent(event);
+}
+
+void EdgeSlider::keyReleaseEvent(QKeyEvent* event) {
+  QSlider::keyReleaseEvent(event);
+  if (turnsValue(event->key()) && !event->isAutoRepeat()) {
+    complete();
+  }
+}
+
+void EdgeSlider::focusOutEvent(QFocusEvent* event) {
+  QSlider::focusOutEvent(event);
+  complete();
+}
+
+}  // namespace vireon::adapters
