@@ -28,6 +28,12 @@ class StartBench : public testing::Test {
     silenceSerial();
   }
 
+  // Whatever was planned for a wait or a pump has come about.
+  void TearDown() override {
+    EXPECT_TRUE(pump.happenings.empty());
+    EXPECT_TRUE(pump.atPump.empty());
+  }
+
   // An instrument on USB that calls itself so.
   void plugUsb(std::uint16_t productId = 0xE001, const std::string& model = "K7310") {
     model_ = model;

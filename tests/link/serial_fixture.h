@@ -20,6 +20,12 @@ class SerialFixture : public ConnectionFixture {
     link.comWait = 800;
   }
 
+  // Whatever was planned for a wait or a pump has come about.
+  void TearDown() override {
+    EXPECT_TRUE(pump.happenings.empty());
+    EXPECT_TRUE(pump.atPump.empty());
+  }
+
   void openPort() {
     connection.serial().com_open();
     ASSERT_TRUE(serialPort.isOpen());
