@@ -4,41 +4,13 @@
 #include <cstddef>
 #include <optional>
 #include <utility>
-#include <vector>
 
-#include "simulator/random.h"
+#include "simulator/answer_bytes.h"
 
 namespace vireon::simulator {
 namespace {
 
-constexpr std::uint8_t kStart = 2;
 constexpr std::uint8_t kEnd = 3;
-
-std::vector<std::uint8_t> garbageBytes(const Garbage& garbage) {
-  Random random(garbage.seed);
-  std::vector<std::uint8_t> bytes(garbage.length);
-  for (auto& byte : bytes) {
-    byte = static_cast<std::uint8_t>(random.next() >> 56U);
-    if (byte == kEnd) byte = 0;
-  }
-  if (garbage.ends && !bytes.empty()) bytes.back() = kEnd;
-  return bytes;
-}
-
-std::vector<std::uint8_t> wireBytes(const std::string& text, const Faults& faults) {
-  std::vector<std::uint8_t> bytes;
-  if (faults.silence) return bytes;
-  if (faults.garbage) {
-    bytes = garbageBytes(*faults.garbage);
-  } else {
-    bytes.reserve(text.size() + 2);
-    bytes.push_back(kStart);
-    bytes.insert(bytes.end(), text.begin(), text.end());
-    bytes.push_back(kEnd);
-  }
-  if (faults.cutAfterBytes) bytes.resize(std::min(bytes.size(), *faults.cutAfterBytes));
-  return bytes;
-}
 
 using Reports = std::deque<AnswerReport>;
 
@@ -71,7 +43,7 @@ void spoil(Reports& reports, const Faults& faults) {
 }  // namespace
 
 std::deque<AnswerReport> AnswerCutter::cut(const std::string& text, const Faults& faults) {
-  const auto bytes = wireBytes(text, faults);
+  const auto bytes = answerBytes(text, faults);
   const bool ends = !bytes.empty() && bytes.back() == kEnd;
   Reports reports;
   for (std::size_t first = 0; first < bytes.size(); first += kReportPayload) {

@@ -26,6 +26,13 @@ std::string_view identity(Model model) {
   return kDescriptions[static_cast<std::size_t>(model)].identity;
 }
 
+std::optional<Model> modelOf(std::string_view identity) {
+  for (std::size_t i = 0; i < kDescriptions.size(); ++i) {
+    if (kDescriptions[i].identity == identity) return static_cast<Model>(i);
+  }
+  return std::nullopt;
+}
+
 std::string_view systemText(Model model) {
   return kDescriptions[static_cast<std::size_t>(model)].system;
 }

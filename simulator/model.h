@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace vireon::simulator {
@@ -16,6 +17,9 @@ std::uint16_t usbProductId(Model model);
 
 // Identity, 5 characters, for example "K7310".
 std::string_view identity(Model model);
+
+// The model of an identity, or nothing.
+std::optional<Model> modelOf(std::string_view identity);
 
 // Title the instrument gives itself, 1 to 30 printable characters without a comma.
 std::string_view systemText(Model model);

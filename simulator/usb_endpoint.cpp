@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "simulator/answer_bytes.h"
+
 namespace vireon::simulator {
 namespace {
 
@@ -40,6 +42,11 @@ ReadResult UsbEndpoint::read(std::span<std::uint8_t> payload, std::chrono::milli
   const std::size_t length = std::min(report.length, payload.size());
   std::copy_n(report.bytes.begin(), length, payload.begin());
   return {ReadResult::kReport, length};
+}
+
+std::optional<std::chrono::nanoseconds> UsbEndpoint::nextDue() const {
+  if (sent_.empty()) return std::nullopt;
+  return sent_.front().due;
 }
 
 void UsbEndpoint::discardInput() {
@@ -81,7 +88,7 @@ void UsbEndpoint::take(std::span<const std::uint8_t> bytes) {
   for (const std::uint8_t byte : bytes) {
     const auto command = collector_.take(byte);
     if (!command) continue;
-    const std::string text = faults_.refuse ? instrument_.refuse(*command) : instrument_.answer(*command);
+    const std::string text = answerText(instrument_, *command, faults_);
     unsent_ = cutter_.cut(text, faults_);
     sendNext();
     return;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <span>
 
 #include "simulator/answer_reports.h"
@@ -38,6 +39,9 @@ class UsbEndpoint {
   // Hands out the next input report, waiting on the clock for at most `timeout`; at most `payload.size()`
   // bytes are copied. A device that is gone is reported at once.
   ReadResult read(std::span<std::uint8_t> payload, std::chrono::milliseconds timeout);
+
+  // When the next input report is due, on the clock; nothing while there is none.
+  std::optional<std::chrono::nanoseconds> nextDue() const;
 
   // Forgets all reports that were sent but not read.
   void discardInput();
