@@ -14,19 +14,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<unsigned char, 27> kReportDescriptor{
-    0x06, 0x00, 0xFF,  // usage page: vendor
-    0x09, 0x01,        // usage 1
-    0xA1, 0x01,        // collection: application
-    0x15, 0x00,        //   logical minimum 0
-    0x26, 0xFF, 0x00,  //   logical maximum 255
-    0x75, 0x08,        //   report size 8
-    0x95, 0x40,        //   report count 64
-    0x09, 0x01,        //   usage 1
-    0x81, 0x02,        //   input: data, variable
-    0x09, 0x02,        //   usage 2
-    0x91, 0x02,        //   output: data, variable
-    0xC0};             // end collection
+constexpr std::array<unsigned char, 27> kReportDescriptor{0x06, 0x00, 0xFF,  // usage page: vendor
+                                                          0x09, 0x01,        // usage 1
+                                                          0xA1, 0x01,        // collection: application
+                                                          0x15, 0x00,        //   logical minimum 0
+                                                          0x26, 0xFF, 0x00,  //   logical maximum 255
+                                                          0x75, 0x08,        //   report size 8
+                                                          0x95, 0x40,        //   report count 64
+                                                          0x09, 0x01,        //   usage 1
+                                                          0x81, 0x02,        //   input: data, variable
+                                                          0x09, 0x02,        //   usage 2
+                                                          0x91, 0x02,        //   output: data, variable
+                                                          0xC0};             // end collection
 
 void put(const fs::path& file, std::string_view text) {
   std::ofstream out(file, std::ios::binary);

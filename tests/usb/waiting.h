@@ -5,8 +5,8 @@
 
 namespace vireon::tests {
 
-// Real parts need real time, and an emulated machine more of it: waits until the condition holds, looking every
-// two milliseconds. False after `limit`.
+// Real parts need real time, and an emulated machine more of it: waits until the condition holds, looking
+// every two milliseconds. False after `limit`.
 template <class Condition>
 bool waitUntil(const Condition& condition, std::chrono::milliseconds limit = std::chrono::seconds(30)) {
   const auto end = std::chrono::steady_clock::now() + limit;
