@@ -14,18 +14,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<unsigned char, 27> kReportDescriptor{0x06, 0x00, 0xFF,  // usage page: vendor
-                                                          0x09, 0x01,        // usage 1
-                                                          0xA1, 0x01,        // collection: application
-                                                          0x15, 0x00,        //   logical minimum 0
-                                                          0x26, 0xFF, 0x00,  //   logical maximum 255
-                                                          0x75, 0x08,        //   report size 8
-                                                          0x95, 0x40,        //   report count 64
-                                                          0x09, 0x01,        //   usage 1
-                                                          0x81, 0x02,        //   input: data, variable
-                                                          0x09, 0x02,        //   usage 2
-                                                          0x91, 0x02,        //   output: data, variable
-                                                          0xC0};             // end collection
+std::string reportDescriptor(std::uint8_t length) {
+  const std::array<std::uint8_t, 27> items{0x06, 0x00,   0xFF,  // usage page: vendor
+                                           0x09, 0x01,          // usage 1
+                                           0xA1, 0x01,          // collection: application
+                                           0x15, 0x00,          //   logical minimum 0
+                                           0x26, 0xFF,   0x00,  //   logical maximum 255
+                                           0x75, 0x08,          //   report size 8
+                                           0x95, length,        //   report count
+                                           0x09, 0x01,          //   usage 1
+                                           0x81, 0x02,          //   input: data, variable
+                                           0x09, 0x02,          //   usage 2
+                                           0x91, 0x02,          //   output: data, variable
+                                           0xC0};               // end collection
+  return {items.begin(), items.end()};
+}
 
 void put(const fs::path& file, std::string_view text) {
   std::ofstream out(file, std::ios::binary);
@@ -46,16 +49,15 @@ bool isNode(const fs::path& path) {
 
 }  // namespace
 
-Gadget::Gadget(UsbIds ids, int controller)
+Gadget::Gadget(UsbIds ids, int controller, std::uint8_t reportLength)
     : folder_("/sys/kernel/config/usb_gadget/vireon" + std::to_string(controller)), controller_(controller) {
   fs::create_directory(folder_);
   put(folder_ / "idVendor", hexadecimal(ids.vendor));
   put(folder_ / "idProduct", hexadecimal(ids.product));
   const fs::path function = folder_ / "functions/hid.0";
   fs::create_directory(function);
-  put(function / "report_length", "64");
-  put(function / "report_desc",
-      {reinterpret_cast<const char*>(kReportDescriptor.data()), kReportDescriptor.size()});
+  put(function / "report_length", std::to_string(reportLength));
+  put(function / "report_desc", reportDescriptor(reportLength));
   fs::create_directory(folder_ / "configs/c.1");
   fs::create_directory_symlink(function, folder_ / "configs/c.1/hid.0");
 }

@@ -13,12 +13,14 @@ struct UsbIds {
   std::uint16_t product = 0xE001;
 };
 
-// A HID device that the kernel plays on one of its dummy controllers: 64 bytes in both directions, reports
-// without identifiers. Failures of the system are thrown as std::runtime_error or std::filesystem_error.
+// A HID device that the kernel plays on one of its dummy controllers: reports of one length in both
+// directions, without identifiers. Failures of the system are thrown as std::runtime_error or
+// std::filesystem_error.
 class Gadget {
  public:
   // Controllers are numbered from 0; each carries one gadget at a time. The gadget starts unplugged.
-  explicit Gadget(UsbIds ids, int controller = 0);
+  // `reportLength` is 1 to 64.
+  explicit Gadget(UsbIds ids, int controller = 0, std::uint8_t reportLength = 64);
   Gadget(const Gadget&) = delete;
   Gadget& operator=(const Gadget&) = delete;
   // Unplugs it and takes it apart.

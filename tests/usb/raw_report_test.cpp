@@ -64,11 +64,18 @@ TEST_F(RawReport, ANodeIsListedOnceWithItsIdentifiers) {
   EXPECT_EQ(nodes[0].productId, 0xE001);
 }
 
-TEST_F(RawReport, LengthsAreReadFromTheDevice) {
+TEST_F(RawReport, LengthsAreThoseOfTheDevicesDescriptor) {
   const auto handle = opened();
   ASSERT_NE(handle, nullptr);
   EXPECT_EQ(handle->capabilities().inputReportLength, 65U);
   EXPECT_EQ(handle->capabilities().outputReportLength, 65U);
+
+  Gadget shorter({}, 1, 32);
+  shorter.plug();
+  const auto other = port.open({.path = shorter.hostNode().value_or("")}).handle;
+  ASSERT_NE(other, nullptr);
+  EXPECT_EQ(other->capabilities().inputReportLength, 33U);
+  EXPECT_EQ(other->capabilities().outputReportLength, 33U);
 }
 
 TEST_F(RawReport, AllBytesPassInBothDirections) {
