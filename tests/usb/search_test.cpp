@@ -36,11 +36,13 @@ TEST(UsbSearch, AForeignVendorsDeviceIsLeftAlone) {
 }
 
 TEST(UsbSearch, AnotherProductOfTheVendorIsPassedOver) {
-  Gadget other({.product = 0xEA60}, 0);
-  other.plug();
+  Gadget before({.product = 0xEA60}, 0);
+  before.plug();
   const SimulatedDevice device(Model::kK7310, 1);
+  Gadget after({.product = 0xEA60}, 2);
+  after.plug();
   UsbProgram usb;
-  ASSERT_EQ(usb.hid.list().size(), 2U);
+  ASSERT_EQ(usb.hid.list().size(), 3U);
   usb.program.load();
   usb.connect();
   const std::string node = device.gadget.hostNode().value_or("");
