@@ -174,7 +174,7 @@ void addFaults(Faults& faults, std::string_view list, Link link) {
 }
 
 std::string faultHelp() {
-  constexpr std::size_t kColumn = 18;
+  constexpr std::size_t kColumn = 19;
   std::string text;
   for (const Entry& entry : kEntries) {
     std::string line = "  " + std::string(entry.name) + std::string(entry.value);

@@ -59,7 +59,7 @@ void Server::waitForNews() {
   const auto left = until(wake.at, clock_);
   if (::ppoll(watched.data(), watched.size(), left ? &*left : nullptr, nullptr) <= 0) return;
   if (watched[0].revents != 0) ended_ = true;
-  if (watched[1].revents == 0) return;
+  if (in_ == nullptr || watched[1].revents == 0) return;
   if (!in_->fill()) ended_ = true;
   for (auto line = in_->next(); line && !ended_; line = in_->next()) carryOut(*line);
 }

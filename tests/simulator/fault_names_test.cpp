@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "simulator/usage_error.h"
 #include "tests/simulator/bench.h"
 
@@ -27,6 +29,8 @@ struct Named {
   const char* list;
   Link link;
   bool (*holds)(const Faults&);
+
+  friend std::ostream& operator<<(std::ostream& out, const Named& shown) { return out << shown.list; }
 };
 
 class FaultNames : public testing::TestWithParam<Named> {};

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <vector>
 
 #include "simulator/usage_error.h"
@@ -58,6 +59,11 @@ TEST(Options, HelpNeedsNothingElse) {
 struct Wrong {
   Words words;
   const char* complaint;
+
+  friend std::ostream& operator<<(std::ostream& out, const Wrong& shown) {
+    for (const std::string_view word : shown.words) out << word << ' ';
+    return out;
+  }
 };
 
 class WrongOptions : public testing::TestWithParam<Wrong> {};

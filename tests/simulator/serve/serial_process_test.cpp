@@ -4,6 +4,8 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <ostream>
 
 #include "tests/fakes/simulator_process.h"
 #include "tests/fakes/temporary_folder.h"
@@ -37,6 +39,8 @@ struct Port {
 struct Rate {
   speed_t speed;
   const char* text;
+
+  friend std::ostream& operator<<(std::ostream& out, const Rate& shown) { return out << shown.text; }
 };
 
 class SerialProcessRate : public testing::TestWithParam<Rate> {};
@@ -108,6 +112,8 @@ TEST(SerialProcess, TellsACommandThatIsNoTextInHexadecimal) {
 struct Seen {
   const char* fault;
   std::string answer;
+
+  friend std::ostream& operator<<(std::ostream& out, const Seen& shown) { return out << shown.fault; }
 };
 
 class SerialProcessFault : public testing::TestWithParam<Seen> {};
@@ -278,8 +284,12 @@ TEST(SerialProcess, FourPortsInOneFolderLiveSideBySide) {
 }
 
 TEST(SerialProcess, WrongWordsAreOneLineAndStatusTwo) {
-  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
-           {"--fault", "sing", "--folder", "."}, {"--folder", "./nowhere"}, {"--colour"}, {}}) {
+  const TemporaryFolder folder;
+  const std::string here = folder.path().string();
+  const std::string nowhere = (folder / "nowhere").string();
+  const std::vector<std::vector<std::string>> wrong{
+      {"--folder", here, "--fault", "sing"}, {"--folder", nowhere}, {"--folder", here, "--colour"}, {}};
+  for (const auto& words : wrong) {
     SimulatorProcess process(words);
     EXPECT_EQ(process.waitForExit(), 2);
     EXPECT_EQ(process.errors().find('\n'), process.errors().size() - 1) << process.errors();
@@ -289,7 +299,7 @@ TEST(SerialProcess, WrongWordsAreOneLineAndStatusTwo) {
 TEST(SerialProcess, HelpExplainsOptionsAndFaults) {
   SimulatorProcess process({"--help"});
   EXPECT_TRUE(process.waitFor("  --control         take lines on the standard input, and end when it ends:"));
-  EXPECT_TRUE(process.waitFor("  twice             the answer twice, in one piece; serial"));
+  EXPECT_TRUE(process.waitFor("  twice              the answer twice, in one piece; serial"));
   EXPECT_EQ(process.waitForExit(), 0);
 }
 

@@ -5,6 +5,7 @@
 #include <termios.h>
 
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <string>
