@@ -75,9 +75,10 @@ Gadget::~Gadget() {
   fs::remove(folder_, ignored);
 }
 
-void Gadget::plug() {
+Gadget& Gadget::plug() {
   bind("dummy_udc." + std::to_string(controller_));
   if (!waitForHostNode()) throw std::runtime_error("the host made no node");
+  return *this;
 }
 
 void Gadget::unplug() {

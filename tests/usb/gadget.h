@@ -27,7 +27,7 @@ class Gadget {
   ~Gadget();
 
   // Binds it and waits until the host has its node, or unbinds it and waits until the node has gone.
-  void plug();
+  Gadget& plug();
   void unplug();
 
   // The gadget's end, e.g. "/dev/hidg0"; there while it is plugged in.

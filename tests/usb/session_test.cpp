@@ -24,8 +24,7 @@ std::vector<form::Line> linesOf(const simulator::Trace& sent) {
 
 TEST(UsbSession, TwoHundredFramesAreDrawnAsSentAndTheInstrumentIsLeftToItself) {
   Gadget gadget({});
-  gadget.plug();
-  ServedInstrument instrument(gadget);
+  ServedInstrument instrument(gadget.plug());
   UsbProgram usb;
   usb.program.load();
   usb.connect();

@@ -17,7 +17,7 @@ class SimulatedDevice {
  public:
   explicit SimulatedDevice(simulator::Model model = simulator::Model::kK7310, int controller = 0)
       : gadget({.vendor = simulator::kUsbVendorId, .product = simulator::usbProductId(model)}, controller),
-        process((gadget.plug(), arguments(model))) {
+        process(arguments(model, gadget.plug())) {
     EXPECT_TRUE(process.waitFor("ready " + gadget.deviceNode())) << process.errors();
   }
 
@@ -49,7 +49,7 @@ class SimulatedDevice {
   SimulatorProcess process;
 
  private:
-  std::vector<std::string> arguments(simulator::Model model) const {
+  static std::vector<std::string> arguments(simulator::Model model, const Gadget& gadget) {
     return {"--model",    std::string(simulator::identity(model)),
             "--gadget",   gadget.deviceNode(),
             "--udc-file", gadget.udcFile().string()};

@@ -17,7 +17,7 @@ constexpr int kLimit = 30000;  // milliseconds
 
 class UsbWindow : public testing::Test {
  protected:
-  UsbWindow() : instrument((gadget.plug(), gadget)) {
+  UsbWindow() : instrument(gadget.plug()) {
     session.show();
     turn();
   }
