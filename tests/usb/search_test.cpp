@@ -14,7 +14,7 @@ class UsbSearchOf : public testing::TestWithParam<Model> {};
 TEST_P(UsbSearchOf, AModelIsFoundByItsProductAndNamesItself) {
   const SimulatedDevice device(GetParam());
   UsbProgram usb;
-  usb.program.load();
+  usb.load();
   EXPECT_EQ(protocol::trimmed(usb.program.state.modelId), simulator::identity(GetParam()));
   EXPECT_EQ(static_cast<std::uint16_t>(usb.program.link.usbProductId), simulator::usbProductId(GetParam()));
   usb.connect();
@@ -28,9 +28,12 @@ INSTANTIATE_TEST_SUITE_P(, UsbSearchOf,
 TEST(UsbSearch, AForeignVendorsDeviceIsLeftAlone) {
   Gadget foreign({.vendor = 0x1209, .product = 0xE001});
   foreign.plug();
+  UsbProgram first;
+  EXPECT_FALSE(first.program.Form_Load());
+  EXPECT_EQ(first.messages.lastTitle(), "Device Not Found");
+
   UsbProgram usb;
-  usb.program.load();
-  EXPECT_EQ(usb.messages.count(), 0U);
+  usb.loadWithSettings();
   usb.form().cmdBttn[0].click();
   usb.expectLost();
 }
@@ -43,7 +46,7 @@ TEST(UsbSearch, AnotherProductOfTheVendorIsPassedOver) {
   after.plug();
   UsbProgram usb;
   ASSERT_EQ(usb.hid.list().size(), 3U);
-  usb.program.load();
+  usb.load();
   usb.connect();
   const std::string node = device.gadget.hostNode().value_or("");
   EXPECT_EQ(openHostNodes(), (std::vector<std::string>{node, node}));
@@ -55,7 +58,7 @@ TEST(UsbSearch, OfTwoEqualInstrumentsTheOneListedFirstIsDriven) {
   UsbProgram usb;
   const auto nodes = usb.hid.list();
   ASSERT_EQ(nodes.size(), 2U);
-  usb.program.load();
+  usb.load();
   usb.connect();
   EXPECT_EQ(openHostNodes(), (std::vector<std::string>{nodes[0].path, nodes[0].path}));
   const bool firstListed = first.gadget.hostNode() == nodes[0].path;
@@ -68,14 +71,13 @@ TEST(UsbSearch, OfTwoModelsTheOneWithTheLowerProductIsDriven) {
   const SimulatedDevice higher(Model::kK7900, 0);
   const SimulatedDevice lower(Model::kK7310, 1);
   UsbProgram usb;
-  usb.program.load();
+  usb.load();
   EXPECT_EQ(protocol::trimmed(usb.program.state.modelId), "K7310");
 }
 
 TEST(UsbSearch, AnInstrumentPluggedInAfterTheStartIsFoundByTheConnectButton) {
   UsbProgram usb;
-  usb.program.load();
-  EXPECT_EQ(usb.messages.count(), 0U);
+  usb.loadWithSettings(Model::kK7210);
   const SimulatedDevice device(Model::kK7210);
   usb.connect();
   EXPECT_EQ(usb.messages.count(), 0U);

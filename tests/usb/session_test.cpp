@@ -26,7 +26,7 @@ TEST(UsbSession, TwoHundredFramesAreDrawnAsSentAndTheInstrumentIsLeftToItself) {
   Gadget gadget({});
   ServedInstrument instrument(gadget.plug());
   UsbProgram usb;
-  usb.program.load();
+  usb.load();
   usb.connect();
   usb.start();
   std::vector<form::Line> last;

@@ -65,7 +65,7 @@ double median(std::vector<double> values) {
 TEST(UsbSpeed, TheProgramAndABareLoopExchangeTheSameReports) {
   const SimulatedDevice device;
   UsbProgram usb;
-  usb.program.load();
+  usb.load();
   usb.connect();
   std::vector<double> program;
   std::vector<double> bare;

@@ -15,7 +15,7 @@ using Clock = std::chrono::steady_clock;
 
 class StubbornDevice : public testing::Test {
  protected:
-  StubbornDevice() { usb.program.load(); }
+  StubbornDevice() { usb.load(); }
 
   // Fills what the gadget's side takes by itself while nobody reads there.
   void fillUp() {

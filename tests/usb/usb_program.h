@@ -8,8 +8,11 @@
 
 #include "adapters/hid/hidapi_port.h"
 #include "app/program.h"
+#include "simulator/model.h"
 #include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_file_store.h"
 #include "tests/fakes/fake_message_boxes.h"
+#include "tests/fakes/fake_serial.h"
 #include "tests/fakes/fake_wall_clock.h"
 #include "tests/usb/gadget.h"
 
@@ -21,7 +24,21 @@ class UsbProgram {
   // Lines of a picture with both channels on.
   static constexpr std::size_t kFrameLines = 248;
 
+  UsbProgram() { serial.pump.timeOut = &program.form.tmrCom; }
+
   form::MainForm& form() { return program.form; }
+
+  // The first start, which finds the instrument.
+  void load() { EXPECT_TRUE(program.Form_Load()); }
+
+  // A later start, which reads the settings of a model and sends nothing.
+  void loadWithSettings(simulator::Model model = simulator::Model::kK7310) {
+    const auto product = static_cast<std::int16_t>(simulator::usbProductId(model));
+    files.files["folder/vireon.ini"] = "[System ID]\nSystem ID=" + std::string(simulator::identity(model)) +
+                                       "\n[ProductId]\nProductId=" + std::to_string(product) +
+                                       "\n[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n";
+    load();
+  }
 
   void connect() {
     form().cmdBttn[0].click();
@@ -75,7 +92,10 @@ class UsbProgram {
   FakeMessageBoxes messages;
   FakeBeeper beeper;
   FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  app::Program program{{hid, messages, beeper, wallClock}};
+  FakeSerial serial;
+  FakeFileStore files;
+  app::Program program{{hid, serial.port, serial.pump, messages, serial.view, beeper, wallClock, files},
+                       "folder"};
 };
 
 }  // namespace vireon::tests

@@ -31,7 +31,7 @@ class UsbUnplug : public testing::Test {
 };
 
 TEST_F(UsbUnplug, AtEveryReportOfALiveFrameIsOneMessageAndLeavesACleanReconnect) {
-  usb.program.load();
+  usb.load();
   usb.goLive();
   for (int report = 1; report <= kWaveformReports; ++report) {
     SCOPED_TRACE(report);
@@ -61,7 +61,7 @@ TEST_F(UsbUnplug, AtEveryReportOfTheConnectingIsOneMessageAndLeavesACleanReconne
 }
 
 TEST_F(UsbUnplug, BeforeTheConnectingIsOneMessageAndLeavesACleanReconnect) {
-  usb.program.load();
+  usb.load();
   device.unplug();
   usb.form().cmdBttn[0].click();
   usb.expectLost();
@@ -70,7 +70,7 @@ TEST_F(UsbUnplug, BeforeTheConnectingIsOneMessageAndLeavesACleanReconnect) {
 }
 
 TEST_F(UsbUnplug, WhileNothingIsAskedIsToldByTheNextButton) {
-  usb.program.load();
+  usb.load();
   usb.connect();
   device.unplug();
   EXPECT_EQ(usb.messages.count(), 0U);
@@ -81,7 +81,7 @@ TEST_F(UsbUnplug, WhileNothingIsAskedIsToldByTheNextButton) {
 }
 
 TEST_F(UsbUnplug, AndPluggedInAgainWhileNothingIsAskedIsToldByTheNextButton) {
-  usb.program.load();
+  usb.load();
   usb.connect();
   device.unplug();
   device.plug();
@@ -91,7 +91,7 @@ TEST_F(UsbUnplug, AndPluggedInAgainWhileNothingIsAskedIsToldByTheNextButton) {
 }
 
 TEST_F(UsbUnplug, AtTheDisconnectingIsOneMessage) {
-  usb.program.load();
+  usb.load();
   usb.goLive();
   device.unplug();
   usb.form().cmdBttn[0].click();
@@ -102,7 +102,7 @@ TEST_F(UsbUnplug, AtAnyMomentOfSamplingIsNoticedWhileTheCableIsStillInTheHand) {
   using Clock = std::chrono::steady_clock;
   constexpr int kTimes = 10;
   std::vector<Clock::duration> notices;
-  usb.program.load();
+  usb.load();
   for (int time = 0; time < kTimes; ++time) {
     usb.goLive();
     const std::size_t before = usb.messages.count();

@@ -6,8 +6,10 @@
 #include <QTest>
 
 #include "adapters/hid/hidapi_port.h"
+#include "adapters/qt/painting_hid.h"
 #include "adapters/qt/picture_view.h"
 #include "tests/adapters/qt/window_fixture.h"
+#include "tests/fakes/fake_file_store.h"
 #include "tests/usb/served_instrument.h"
 
 namespace vireon::tests {
@@ -18,7 +20,8 @@ constexpr int kLimit = 30000;  // milliseconds
 class UsbWindow : public testing::Test {
  protected:
   UsbWindow() : instrument(gadget.plug()) {
-    session.show();
+    files.files["folder/vireon.ini"] = "[ProductId]\nProductId=-8191\n[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n";
+    EXPECT_TRUE(session.show());
     turn();
   }
 
@@ -57,9 +60,13 @@ class UsbWindow : public testing::Test {
 
   Gadget gadget{{}};
   ServedInstrument instrument;
-  adapters::HidapiPort hid;
   MessageWatcher messages;
-  app::Session session{hid};
+  FakeSerialPort serialPort;
+  FakeFileStore files;
+  adapters::ModalGate gate;
+  adapters::HidapiPort hidapi;
+  adapters::PaintingHid hid{hidapi, gate};
+  app::Session session{{hid, serialPort, files}, "folder", gate};
 
  private:
   template <class Test>
