@@ -78,6 +78,12 @@ SerialOpenResult QtSerialPort::open(int com, const platform::SerialSettings& set
 }
 
 void QtSerialPort::close() {
+  ++opening_;
+  arrivalPosted_ = false;
+  release();
+}
+
+void QtSerialPort::release() {
   if (port_ == nullptr) {
     return;
   }
@@ -113,18 +119,27 @@ std::vector<std::uint8_t> QtSerialPort::read(std::size_t limit) {
   return bytes;
 }
 
-// The library is silent while its own signal is being handled, so the event is delivered after it.
+// The library is silent while its own signal is being handled, so every event is delivered after it, unless
+// the port was closed or opened anew meanwhile.
+void QtSerialPort::post(const std::function<void()>& event) {
+  QMetaObject::invokeMethod(
+      this,
+      [this, event, opening = opening_] {
+        if (opening == opening_) {
+          event();
+        }
+      },
+      Qt::QueuedConnection);
+}
+
 void QtSerialPort::arrived() {
   if (!std::exchange(arrivalPosted_, true)) {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-          arrivalPosted_ = false;
-          if (onArrival) {
-            onArrival();
-          }
-        },
-        Qt::QueuedConnection);
+    post([this] {
+      arrivalPosted_ = false;
+      if (onArrival) {
+        onArrival();
+      }
+    });
   }
 }
 
@@ -134,15 +149,12 @@ void QtSerialPort::failed(QSerialPort::SerialPortError error) {
       error == QSerialPort::UnsupportedOperationError || port_ == nullptr) {
     return;
   }
-  close();
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        if (onLost) {
-          onLost();
-        }
-      },
-      Qt::QueuedConnection);
+  release();
+  post([this] {
+    if (onLost) {
+      onLost();
+    }
+  });
 }
 
 }  // namespace vireon::adapters

@@ -29,6 +29,8 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   std::vector<std::uint8_t> read(std::size_t limit) override;
 
  private:
+  void release();
+  void post(const std::function<void()>& event);
   void arrived();
   void failed(QSerialPort::SerialPortError error);
 
@@ -36,6 +38,7 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   NodePatience patience_;
   std::unique_ptr<QSerialPort> port_;
   bool arrivalPosted_ = false;
+  unsigned opening_ = 0;  // changes whenever the program opens or closes the port
 };
 
 }  // namespace vireon::adapters
