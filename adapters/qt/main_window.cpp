@@ -19,6 +19,7 @@ constexpr int kPanelWidth = 720;  // of the form file, pixels at 96 dpi
 constexpr int kPanelHeight = 352;
 constexpr double kFontHeight = 11.0;  // pixels at 96 dpi
 constexpr int kTwipsPerInch = 1440;
+constexpr int kRetry = 2;  // milliseconds until a close request that has to wait is tried again
 
 struct Lettering {
   const char* name;
@@ -54,6 +55,9 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
       Form_Resize();
     }
   });
+  lateClose_.setSingleShot(true);
+  lateClose_.setInterval(kRetry);
+  connect(&lateClose_, &QTimer::timeout, this, &QWidget::close);
   Form_Resize();
   scalePanel();
 }
@@ -154,9 +158,13 @@ void MainWindow::changeEvent(QEvent* event) {
   }
 }
 
+// A request that comes while the window only paints is made again until it does more.
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (gate_.closed()) {
+  if (gate_.closed() || gate_.paintingOnly()) {
     event->ignore();
+    if (gate_.paintingOnly()) {
+      lateClose_.start();
+    }
     return;
   }
   closing_ = closing_ || !mayClose || mayClose();
