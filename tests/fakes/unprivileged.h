@@ -11,15 +11,16 @@ namespace vireon::tests {
 // threads alone.
 class Unprivileged {
  public:
-  Unprivileged() : realBefore_(::getuid()) {
-    ::syscall(SYS_setresuid, kNobody, kSame, kSame);
-    before_ = ::setfsuid(kNobody);
+  explicit Unprivileged(uid_t account = kNobody) : realBefore_(::getuid()) {
+    ::syscall(SYS_setresuid, account, kSame, kSame);
+    before_ = ::setfsuid(account);
   }
   Unprivileged(const Unprivileged&) = delete;
   Unprivileged& operator=(const Unprivileged&) = delete;
   ~Unprivileged() {
-    ::syscall(SYS_setresuid, realBefore_, kSame, kSame);
+    // In this order: the other call would set the file system's user as well, without its capabilities.
     ::setfsuid(static_cast<uid_t>(before_));
+    ::syscall(SYS_setresuid, realBefore_, kSame, kSame);
   }
 
  private:
