@@ -61,7 +61,7 @@ TEST_F(CommControlTest, TheNumberOfAnOpenPortStays) {
 
 TEST_F(CommControlTest, SettingsReachThePort) {
   struct Row {
-    const char* text;
+    const char* text = "";
     platform::SerialSettings settings;
   };
   const Row rows[] = {{"9600,N,8,1", {9600, 'N', 8, 1}},

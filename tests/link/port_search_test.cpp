@@ -195,8 +195,8 @@ TEST_F(PortSearch, AnAdapterPulledOutDuringItIsNoMessage) {
 TEST_F(PortSearch, ARefusedPortIsToldInOneLineAndAtLength) {
   struct Row {
     platform::SerialOpenResult refusal;
-    const char* line;
-    const char* text;
+    const char* line = "";
+    const char* text = "";
   };
   const Row rows[] = {
       {{SerialOpenError::kNoPermission, "/dev/ttyUSB0", "dialout", false},
