@@ -175,6 +175,23 @@ TEST_F(PortSearch, TheUserEndsItAtOnceInAWait) {
   expectSearchEnded();
 }
 
+TEST_F(PortSearch, EndedByTheUserItLeavesPortAndRateAsTheyWere) {
+  link.comPort = "2";
+  link.baudRate = "4800";
+  whileWaiting([this] { connection.endWait(); });
+  search();
+  EXPECT_EQ(link.comPort, "2");
+  EXPECT_EQ(link.baudRate, "4800");
+  EXPECT_EQ(link.comWait, 1600);
+}
+
+TEST_F(PortSearch, ThatFoundNothingLeavesTheLastPairItsOwnTimeForAnAnswer) {
+  serialPort.instrument = [](int, int, const std::string&) { return std::vector<std::string>{}; };
+  search();
+  EXPECT_EQ(link.baudRate, "1200");
+  EXPECT_EQ(link.comWait, 3200);
+}
+
 TEST_F(PortSearch, AfterAnEndedSearchTheNextOneSearches) {
   whileWaiting([this] { connection.endWait(); });
   search();
