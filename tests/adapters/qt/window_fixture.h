@@ -58,7 +58,9 @@ class MessageWatcher : public QObject {
   void answer(QMessageBox& box) {
     QAbstractButton* button = box.buttons().front();
     if (!answers.empty()) {
-      button = box.button(answers.front());
+      if (QAbstractButton* const chosen = box.button(answers.front())) {
+        button = chosen;
+      }
       answers.pop_front();
     }
     button->click();
