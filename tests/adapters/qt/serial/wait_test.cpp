@@ -153,7 +153,7 @@ TEST_F(SerialWait, ClosingTheWindowDuringASearchEndsIt) {
   click("cmdBttn_0");
   ASSERT_TRUE(closed);
   expectOneQuestionOnClosing();
-  EXPECT_EQ(program().link.comPort, "1");
+  EXPECT_EQ(program().link.comPort, "2");
 }
 
 TEST_F(SerialWait, TheExitButtonDuringASearchEndsIt) {
