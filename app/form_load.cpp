@@ -96,7 +96,8 @@ bool Program::identify() {
   }
   const auto model = std::ranges::find(kModels, protocol::trimmed(state.modelId), &Model::identity);
   if (model == kModels.end()) {
-    return deviceNotFound(kCheckCommunicationCable);
+    const bool told = !link.onUsb() && link.rxTimeout;  // the serial link has said so itself
+    return !told && deviceNotFound(kCheckCommunicationCable);
   }
   tabCount_ = model->tabCount;
   writeSettings();

@@ -77,6 +77,7 @@ void Program::Form_Unload() {
 }
 
 bool Program::requestClose() {
+  cancelled_ = true;
   if (connection.operations().running()) {
     closeWanted_ = true;
     connection.endWait();

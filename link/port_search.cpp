@@ -17,6 +17,8 @@ constexpr int kProbeWait = 500;  // milliseconds
 
 void SerialLink::com_search() {
   const Operations::Scope operation(operations_);
+  const std::string formerPort = link_.comPort;
+  const std::string formerRate = link_.baudRate;
   refusal_.reset();
   bool accepted = false;
   {
@@ -32,13 +34,17 @@ void SerialLink::com_search() {
   link_.rxTimeout = !accepted;
   if (accepted) {
     form_.StatusBar1.setPanel(2, "COM" + link_.comPort + ":" + link_.baudRate);
-    link_.comWait = answerTimeOut(link_.baudRate);
   } else {
+    if (link_.waitEnded) {
+      link_.comPort = formerPort;
+      link_.baudRate = formerRate;
+    }
     Mcom.PortOpen(false);
     if (refusal_) {
       showAdvice(form_, *refusal_);
     }
   }
+  link_.comWait = answerTimeOut(link_.baudRate);
   view_.end();
 }
 

@@ -93,6 +93,8 @@ bool SerialLink::exchange(const std::string& command) {
 // Sends and waits; afterwards one of rxDone, rxEnq and rxTimeout is set.
 void SerialLink::send(const std::string& command) {
   const FlagScope busy(link_.linkBusy);
+  // Bytes that nobody asked for may be being taken below us; the answer is collected here all the same.
+  const bool collectingBelow = std::exchange(collecting_, false);
   form_.Txled[0].setFillColor(form::kRed);
   form_.Txled[0].refresh();
   form_.tmrCom.setInterval(link_.comWait > 0 ? link_.comWait : kAnswerTimeOut);
@@ -105,6 +107,7 @@ void SerialLink::send(const std::string& command) {
   while (!link_.rxTimeout && !link_.rxDone && !link_.rxEnq) {
     pump_.wait();
   }
+  collecting_ = collectingBelow;
   form_.tmrCom.setEnabled(false);
 }
 

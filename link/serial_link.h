@@ -50,7 +50,8 @@ class SerialLink {
   void trans_rs2(std::string& command);
 
   // Tries each port at each rate until an instrument of the family answers: at most 16 times 500 ms.
-  // link.rxTimeout is set when none did; comPort and baudRate then hold the last pair tried.
+  // link.rxTimeout is set when none did; comPort and baudRate then hold the last pair tried, or the former
+  // pair where the user ended the search. link.comWait is that of the pair held.
   void com_search();
 
   void Mcom_OnComm();

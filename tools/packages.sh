@@ -4,6 +4,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config)
 WINDOW_PACKAGES=(qt6-base-dev qt6-serialport-dev libhidapi-dev fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev)
 CHECK_PACKAGES=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev libbenchmark-dev git python3)
+USB_PACKAGES=(qemu-system-x86 busybox-static kmod cpio)
 
 # install_packages NAME...: installs those that are missing, as root or with sudo.
 install_packages() {

@@ -1,8 +1,8 @@
 #include "adapters/qt/background_worker.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <chrono>
+
+#include "adapters/qt/painting_turn.h"
 
 namespace vireon::adapters {
 namespace {
@@ -29,8 +29,7 @@ void BackgroundWorker::run(const std::function<void()>& job) {
   }
   changed_.notify_all();
   while (!doneWithin(kPatience)) {
-    const ModalGate::Painting painting(gate_);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    paintingTurn(gate_);
   }
 }
 

@@ -19,6 +19,7 @@ constexpr int kPanelWidth = 720;  // of the form file, pixels at 96 dpi
 constexpr int kPanelHeight = 352;
 constexpr double kFontHeight = 11.0;  // pixels at 96 dpi
 constexpr int kTwipsPerInch = 1440;
+constexpr int kRetry = 2;  // milliseconds until a close request that has to wait is tried again
 
 struct Lettering {
   const char* name;
@@ -55,7 +56,6 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
     }
   });
   closer_.setSingleShot(true);
-  closer_.setInterval(0);
   connect(&closer_, &QTimer::timeout, this, &QWidget::close);
   Form_Resize();
   scalePanel();
@@ -157,9 +157,13 @@ void MainWindow::changeEvent(QEvent* event) {
   }
 }
 
+// A request that comes while the window only paints is made again until it does more.
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (gate_.closed()) {
+  if (gate_.closed() || gate_.paintingOnly()) {
     event->ignore();
+    if (gate_.paintingOnly()) {
+      closer_.start(kRetry);
+    }
     return;
   }
   closing_ = closing_ || !mayClose || mayClose();

@@ -25,11 +25,12 @@ class MainWindow : public QWidget {
   Q_DISABLE_COPY_MOVE(MainWindow)
   ~MainWindow() override;
 
-  // Asked when the window is to close; it closes where this returns True, and then never asks again.
+  // Asked when the window is to close; it closes where this returns True, and then never asks again. While a
+  // message is open requests are left out; while the window only paints they wait.
   std::function<bool()> mayClose;
 
   // Asks the window to close at the event loop's next turn.
-  void closeLater() { closer_.start(); }
+  void closeLater() { closer_.start(0); }
 
   ControlBinder& binder() { return *binder_; }
 
@@ -58,7 +59,7 @@ class MainWindow : public QWidget {
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
   QTimer snapper_;  // snaps at the window's next turn
-  QTimer closer_;   // closes at the window's next turn
+  QTimer closer_;   // closes at a later turn
   const ModalGate& gate_;
   QSize asked_;  // the inner size last asked for
   QSize got_;    // and the one there was at that time

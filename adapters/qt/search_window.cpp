@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace vireon::adapters {
 
@@ -59,15 +60,19 @@ void SearchWindow::begin() {
   progress_.setValue(0);
   advice_.clear();
   advice_.hide();
+  cancelled_ = false;
   cancel_.setEnabled(true);
   adjustSize();
   show();
 }
 
 void SearchWindow::trying(int com, std::string_view baudRate, int step) {
+  progress_.setValue(step);
+  if (cancelled_) {
+    return;
+  }
   const QString rate = QString::fromLatin1(baudRate.data(), static_cast<qsizetype>(baudRate.size()));
   step_.setText(tr("Trying COM%1 at %2 baud ...").arg(com).arg(rate));
-  progress_.setValue(step);
 }
 
 void SearchWindow::advise(const std::string& /*line*/, const std::string& text) {
@@ -84,6 +89,9 @@ void SearchWindow::end() {
 }
 
 void SearchWindow::cancel() {
+  if (std::exchange(cancelled_, true)) {
+    return;
+  }
   cancel_.setEnabled(false);
   step_.setText(tr("Ending the search ..."));
   if (onCancel) {

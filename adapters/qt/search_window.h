@@ -38,6 +38,7 @@ class SearchWindow : public QWidget, public platform::SearchView {
   QPushButton cancel_;
   QWidget* over_ = nullptr;
   int depth_ = 0;
+  bool cancelled_ = false;  // the search on screen
 };
 
 }  // namespace vireon::adapters

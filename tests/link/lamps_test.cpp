@@ -1,43 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "tests/link/connection_fixture.h"
+#include "tests/link/lamp_view.h"
 
 namespace vireon::link {
 namespace {
 
-using Lamps = std::pair<std::uint32_t, std::uint32_t>;  // transmit, receive
+using tests::Lamps;
+using tests::LampView;
 
-constexpr std::uint32_t kRed = 255;
-constexpr std::uint32_t kGreen = 65280;
-constexpr std::uint32_t kWhite = 16777215;
-
-// What the lamps show each time the window must paint them at once.
-class LampView : public form::ControlView {
- public:
-  explicit LampView(const form::MainForm& form) : form_(form) {}
-
-  void changed(const form::Control&) override {}
-  void refresh(const form::Control& control) override {
-    if (&control == &form_.Txled[0]) {
-      shown_.first = form_.Txled[0].fillColor().value;
-    } else if (&control == &form_.Txled[1]) {
-      shown_.second = form_.Txled[1].fillColor().value;
-    }
-    if (painted.empty() || painted.back() != shown_) {
-      painted.push_back(shown_);
-    }
-  }
-
-  Lamps shown() const { return shown_; }
-
-  std::vector<Lamps> painted;  // each new state once
-
- private:
-  const form::MainForm& form_;
-  Lamps shown_{kWhite, kWhite};
-};
+constexpr std::uint32_t kRed = tests::kRedLamp;
+constexpr std::uint32_t kGreen = tests::kGreenLamp;
+constexpr std::uint32_t kWhite = tests::kWhiteLamp;
 
 class LinkLamps : public tests::ConnectionFixture {
  protected:
@@ -79,7 +53,7 @@ TEST_F(LinkLamps, AnAnswerTooLongLeavesBothWhiteOnTheScreen) {
   EXPECT_EQ(view.shown(), (Lamps{kWhite, kWhite}));
 }
 
-TEST_F(LinkLamps, ACommandOverTheSerialLinkPaintsNoLamp) {
+TEST_F(LinkLamps, ACommandOverASerialPortThatIsNotOpenPaintsNoLamp) {
   link.comPort = "1";
   connection.trans_usb("DFN??");
   EXPECT_TRUE(view.painted.empty());

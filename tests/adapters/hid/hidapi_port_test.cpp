@@ -86,6 +86,50 @@ TEST_F(HidapiPortTest, NeverHandsANodeThatFailsItsCheckToTheLibrary) {
   }
 }
 
+class PatientHidapiPortTest : public testing::Test {
+ protected:
+  // The third pause ends the refusal.
+  adapters::NodePatience patience(double age) {
+    adapters::NodePatience patience;
+    patience.age = [age](const std::string&) { return age; };
+    patience.pause = [this] {
+      if (++pauses_ == 3) library_.probeError = HidOpenError::kNone;
+    };
+    return patience;
+  }
+
+  FakeHidapi library_;
+  int pauses_ = 0;
+  const HidNode node_{.path = "/dev/hidraw3", .vendorId = 0x10C4, .productId = 0xE001};
+};
+
+TEST_F(PatientHidapiPortTest, AsksAFreshNodeThatRefusesAgain) {
+  adapters::HidapiPort port(library_.probe(), library_.clock(), patience(0.5));
+  library_.probeError = HidOpenError::kNoPermission;
+
+  const HidOpenResult opened = port.open(node_);
+
+  EXPECT_NE(opened.handle, nullptr);
+  EXPECT_EQ(pauses_, 3);
+  EXPECT_EQ(library_.openCalls, 1);
+}
+
+TEST_F(PatientHidapiPortTest, AsksAnOldNodeThatRefusesOnce) {
+  adapters::HidapiPort port(library_.probe(), library_.clock(), patience(1.5));
+  library_.probeError = HidOpenError::kNoPermission;
+
+  EXPECT_EQ(port.open(node_).error, HidOpenError::kNoPermission);
+  EXPECT_EQ(library_.probedPaths.size(), 1U);
+}
+
+TEST_F(PatientHidapiPortTest, AsksAFreshNodeWithAnotherTroubleOnce) {
+  adapters::HidapiPort port(library_.probe(), library_.clock(), patience(0.5));
+  library_.probeError = HidOpenError::kNotFound;
+
+  EXPECT_EQ(port.open(node_).error, HidOpenError::kNotFound);
+  EXPECT_EQ(library_.probedPaths.size(), 1U);
+}
+
 TEST_F(HidapiPortTest, ANodeThatVanishedSinceItWasListedIsNotFound) {
   library_.entries = {{"/dev/hidraw3", 0x10C4, 0xE001}};
   const std::vector<HidNode> nodes = port_.list();

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTest>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -18,7 +19,7 @@
 
 namespace vireon::tests {
 
-// Presses the default button of every message box as soon as it is shown, and remembers what it said.
+// Answers every message box as soon as it is shown, and remembers what it said.
 class MessageWatcher : public QObject {
  public:
   struct Seen {
@@ -32,6 +33,9 @@ class MessageWatcher : public QObject {
   std::vector<Seen> seen;
   std::function<void()> whileOpen;
 
+  // The buttons pressed in the next boxes; where there are no more, the first one of the box.
+  std::deque<QMessageBox::StandardButton> answers;
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override {
     auto* box = qobject_cast<QMessageBox*>(object);
@@ -43,11 +47,23 @@ class MessageWatcher : public QObject {
             if (whileOpen) {
               whileOpen();
             }
-            box->buttons().front()->click();
+            answer(*box);
           },
           Qt::QueuedConnection);
     }
     return QObject::eventFilter(object, event);
+  }
+
+ private:
+  void answer(QMessageBox& box) {
+    QAbstractButton* button = box.buttons().front();
+    if (!answers.empty()) {
+      if (QAbstractButton* const chosen = box.button(answers.front())) {
+        button = chosen;
+      }
+      answers.pop_front();
+    }
+    button->click();
   }
 };
 
