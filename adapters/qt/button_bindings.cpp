@@ -1,5 +1,7 @@
 #include "adapters/qt/button_bindings.h"
 
+#include <QFont>
+#include <QKeySequence>
 #include <QSignalBlocker>
 
 #include "adapters/qt/colors.h"
@@ -13,12 +15,18 @@ CaptionBinding::CaptionBinding(const form::Captioned& control, QAbstractButton& 
 void CaptionBinding::show() {
   const QString caption = shown(control_.caption());
   if (button_.text() != caption) {
+    // A new text takes the shortcut away.
+    const QKeySequence shortcut = button_.shortcut();
     button_.setText(caption);
+    button_.setShortcut(shortcut);
   }
   if (foreColor_ != control_.foreColor()) {
     foreColor_ = control_.foreColor();
     paint(button_, QPalette::ButtonText, foreColor_);
     paint(button_, QPalette::WindowText, foreColor_);
+    QFont weight;  // size and family stay the panel's
+    weight.setBold(!foreColor_.isSystem());
+    button_.setFont(weight);
   }
   if (backColor_ != control_.backColor()) {
     backColor_ = control_.backColor();

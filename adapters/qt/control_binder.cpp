@@ -34,6 +34,7 @@ ControlBinder::ControlBinder(form::Form& form, QWidget& root, const ModalGate& g
   for (form::Control* control : form.controls()) {
     control->accept(*this);
   }
+  findCompanions();
   showAll();
   form.setView(this);
 }
@@ -101,12 +102,37 @@ void ControlBinder::showAll() {
 void ControlBinder::show(const form::Control& control, Binding& binding) {
   if (QWidget* const widget = binding.widget()) {
     QWidget& frame = shownWidget(*widget);
-    if (frame.isHidden() == control.visible()) {
-      frame.setVisible(control.visible());
+    const bool visible = isShown(control);
+    if (frame.isHidden() == visible) {
+      frame.setVisible(visible);
     }
     binding.enable(control.enabled());
   }
   binding.show();
+  const auto [first, last] = companions_.equal_range(&control);
+  for (auto companion = first; companion != last; ++companion) {
+    show(*companion->second, *bindings_.at(companion->second));
+  }
+}
+
+// A widget with the dynamic property "with" stands outside the panel that it names, so that it stays usable
+// while that is disabled, but is shown together with it.
+void ControlBinder::findCompanions() {
+  for (const auto& [control, binding] : bindings_) {
+    const QString panel =
+        binding->widget() == nullptr ? QString() : binding->widget()->property("with").toString();
+    for (const form::Control* other : form_.controls()) {
+      if (!panel.isEmpty() && shown(other->name()) == panel) {
+        companions_.emplace(other, control);
+        panels_.emplace(control, other);
+      }
+    }
+  }
+}
+
+bool ControlBinder::isShown(const form::Control& control) const {
+  const auto panel = panels_.find(&control);
+  return control.visible() && (panel == panels_.end() || panel->second->visible());
 }
 
 void ControlBinder::visit(form::Button& control) {

@@ -59,6 +59,8 @@ class ControlBinder : public QObject, public form::ControlView, private form::Co
   template <class BindingType, class Widget, class Control>
   void bind(Control& control);
   void show(const form::Control& control, Binding& binding);
+  void findCompanions();
+  bool isShown(const form::Control& control) const;
 
   form::Form& form_;
   QWidget& root_;
@@ -66,6 +68,8 @@ class ControlBinder : public QObject, public form::ControlView, private form::Co
   std::unordered_map<const form::Control*, std::unique_ptr<Binding>> bindings_;
   std::vector<const form::Control*> waiting_;
   std::vector<std::string> unbound_;
+  std::unordered_multimap<const form::Control*, const form::Control*> companions_;  // by their panel
+  std::unordered_map<const form::Control*, const form::Control*> panels_;           // and the other way round
   QTimer pacer_;
   QElapsedTimer sinceFlush_;
   std::unordered_map<const form::Control*, QElapsedTimer> sinceRefresh_;

@@ -14,9 +14,9 @@
 namespace vireon::adapters {
 namespace {
 
-constexpr double kHandle = 7.0;  // half its length along, pixels at the form file's size
-constexpr double kGroove = 3.0;  // its width
-constexpr double kAcross = 20.0; // width of a slider in the form file
+constexpr double kHandle = 6.0;   // half its length along, pixels at the form file's size
+constexpr double kGroove = 3.0;   // its width
+constexpr double kAcross = 20.0;  // width of a slider in the form file
 
 bool turnsValue(int key) {
   switch (key) {
@@ -61,7 +61,8 @@ bool EdgeSlider::eventFilter(QObject* object, QEvent* event) {
 }
 
 double EdgeSlider::pixelsPerStep() const {
-  const auto* picture = marker_ == nullptr ? nullptr : qobject_cast<const PictureView*>(marker_->parentWidget());
+  const auto* picture =
+      marker_ == nullptr ? nullptr : qobject_cast<const PictureView*>(marker_->parentWidget());
   if (picture == nullptr) {
     return length() / static_cast<double>(std::max(1, maximum() - minimum()));
   }
@@ -101,22 +102,27 @@ void EdgeSlider::paintEvent(QPaintEvent* /*event*/) {
                           ? QRectF(inside.center().x() - groove / 2, inside.top(), groove, inside.height())
                           : QRectF(inside.left(), inside.center().y() - groove / 2, inside.width(), groove);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(palette().color(QPalette::Mid));
+  QColor grooveColor = palette().color(QPalette::WindowText);
+  grooveColor.setAlphaF(0.3F);
+  painter.setBrush(grooveColor);
   painter.drawRoundedRect(line, groove / 2, groove / 2);
 
   const QColor tint = property("tint").value<QColor>();
-  const QColor face = !isEnabled() ? palette().color(QPalette::Mid)
+  const QColor face = !isEnabled()     ? palette().color(QPalette::Mid)
                       : tint.isValid() ? tint
                                        : palette().color(QPalette::Button);
   const QRectF handle = handleRect();
-  painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Highlight) : face.darker(170), hasFocus() ? 2 : 1));
+  painter.setPen(
+      QPen(hasFocus() ? palette().color(QPalette::Highlight) : face.darker(170), hasFocus() ? 2 : 1));
   painter.setBrush(face);
   painter.drawRoundedRect(handle.adjusted(0.5, 0.5, -0.5, -0.5), 3 * scale, 3 * scale);
   painter.setPen(QPen(face.darker(220), 1));
   if (orientation() == Qt::Vertical) {
-    painter.drawLine(QPointF(handle.left() + 4, handle.center().y()), QPointF(handle.right() - 4, handle.center().y()));
+    painter.drawLine(QPointF(handle.left() + 4, handle.center().y()),
+                     QPointF(handle.right() - 4, handle.center().y()));
   } else {
-    painter.drawLine(QPointF(handle.center().x(), handle.top() + 4), QPointF(handle.center().x(), handle.bottom() - 4));
+    painter.drawLine(QPointF(handle.center().x(), handle.top() + 4),
+                     QPointF(handle.center().x(), handle.bottom() - 4));
   }
 }
 

@@ -6,10 +6,11 @@
 
 namespace vireon::adapters {
 
-// A slider at the edge of a picture. Its handle stands beside a marker on the picture and moves with it as the
-// picture's scale says, stopping at the picture's ends; keys and wheel reach the values beyond. Dragging,
+// A slider at the edge of a picture. Its handle stands beside a marker on the picture and moves with it as
+// the picture's scale says, stopping at the picture's ends; keys and wheel reach the values beyond. Dragging,
 // keys and the wheel change the value as they go; moveCompleted tells when the move is over.
-// Dynamic properties from the form file: marker, the object name of its marker on the picture; tint, its colour.
+// Dynamic properties from the form file: marker, the object name of its marker on the picture; tint, its
+// colour.
 class EdgeSlider : public QSlider {
   Q_OBJECT
 

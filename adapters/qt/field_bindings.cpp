@@ -81,12 +81,19 @@ SliderBinding::SliderBinding(form::Slider& control, EdgeSlider& widget)
     : Binding(&widget), control_(control), slider_(widget) {
   QObject::connect(&widget, &EdgeSlider::moveCompleted, &widget,
                    [&control, &widget] { control.setValue(widget.value()); });
+  // A value set at one go, by an assistive technology.
+  QObject::connect(&widget, &EdgeSlider::valueChanged, &widget, [&control, &widget](int value) {
+    if (!widget.moving()) {
+      control.setValue(value);
+    }
+  });
 }
 
 void SliderBinding::show() {
   if (slider_.moving()) {
     return;
   }
+  const QSignalBlocker blocker(slider_);
   slider_.setRange(control_.minimum(), control_.maximum());
   slider_.setValue(control_.value());
 }

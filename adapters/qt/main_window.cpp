@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "adapters/qt/colors.h"
+#include "adapters/qt/lamp.h"
 #include "adapters/qt/text.h"
 #include "ui_main_window.h"
 
@@ -75,6 +76,8 @@ void MainWindow::dress() {
     screen->setPalette(palette);
     screen->setAutoFillBackground(true);
   }
+  findChild<Lamp*>(QStringLiteral("captionTraceA"))->setColor(form::kRed);
+  findChild<Lamp*>(QStringLiteral("captionTraceB"))->setColor(form::kGreen);
 }
 
 void MainWindow::remember() {

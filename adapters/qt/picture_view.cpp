@@ -3,6 +3,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVariant>
+#include <algorithm>
 
 #include "adapters/qt/colors.h"
 
@@ -37,25 +38,28 @@ void PictureView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
 }
 
+// In the screen's own pixels, so that every line of the graticule is equally thick and crisp at any scale.
 void PictureView::drawBackground() {
-  background_ = QPixmap(size() * devicePixelRatioF());
-  background_.setDevicePixelRatio(devicePixelRatioF());
+  const double ratio = devicePixelRatioF();
+  background_ = QPixmap(size() * ratio);
   background_.fill(Qt::black);
-  if (!property("graticule").toBool()) {
-    return;
+  if (property("graticule").toBool()) {
+    QPainter painter(&background_);
+    const int thickness = std::max(1, static_cast<int>(ratio));
+    const auto pixels = [&](int x, int y) { return (fromTwips(x, y) * ratio).toPoint(); };
+    const QRect field(pixels(kLeft, kTop),
+                      pixels(kLeft + kColumns * kDivisionWidth, kTop + kRows * kDivisionHeight));
+    for (int column = 0; column <= kColumns; ++column) {
+      const int x = pixels(kLeft + column * kDivisionWidth, 0).x();
+      painter.fillRect(x, field.top(), thickness, field.height(),
+                       column * 2 == kColumns ? kAxis : kGraticule);
+    }
+    for (int row = 0; row <= kRows; ++row) {
+      const int y = pixels(0, kTop + row * kDivisionHeight).y();
+      painter.fillRect(field.left(), y, field.width(), thickness, row * 2 == kRows ? kAxis : kGraticule);
+    }
   }
-  QPainter painter(&background_);
-  for (int column = 0; column <= kColumns; ++column) {
-    painter.setPen(column * 2 == kColumns ? kAxis : kGraticule);
-    const int x = kLeft + column * kDivisionWidth;
-    painter.drawLine(fromTwips(x, kTop).toPoint(), fromTwips(x, kTop + kRows * kDivisionHeight).toPoint());
-  }
-  for (int row = 0; row <= kRows; ++row) {
-    painter.setPen(row * 2 == kRows ? kAxis : kGraticule);
-    const int y = kTop + row * kDivisionHeight;
-    painter.drawLine(fromTwips(kLeft, y).toPoint(),
-                     fromTwips(kLeft + kColumns * kDivisionWidth, y).toPoint());
-  }
+  background_.setDevicePixelRatio(ratio);
 }
 
 void PictureView::paintEvent(QPaintEvent* event) {

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "adapters/qt/serial_port.h"
+#include "app/executables/dark_palette.h"
+#include "app/executables/pictures.h"
 #include "app/executables/session.h"
 #include "app/executables/tour.h"
 #include "app/executables/until_shown.h"
@@ -38,7 +40,11 @@ int main(int argc, char** argv) {
   const QCommandLineOption shownOption(
       QStringLiteral("until-shown"),
       QStringLiteral("End as soon as the window is on the screen; for measuring the start."));
-  options.addOptions({modelOption, tourOption, shownOption});
+  const QCommandLineOption picturesOption(
+      QStringLiteral("pictures"),
+      QStringLiteral("Take the pictures of the documents into <folder>, and end."), QStringLiteral("folder"));
+  const QCommandLineOption darkOption(QStringLiteral("dark"), QStringLiteral("Use a dark palette."));
+  options.addOptions({modelOption, tourOption, shownOption, picturesOption, darkOption});
   options.process(application);
 
   const auto* const model = std::find_if(kModels.begin(), kModels.end(), [&](const auto& entry) {
@@ -49,6 +55,9 @@ int main(int argc, char** argv) {
     return 2;
   }
 
+  if (options.isSet(darkOption)) {
+    QApplication::setPalette(vireon::app::darkPalette());
+  }
   vireon::simulator::SteadyClock clock;
   vireon::simulator::Instrument instrument(model->second, clock);
   vireon::simulator::UsbEndpoint endpoint(instrument, clock);
@@ -62,6 +71,10 @@ int main(int argc, char** argv) {
   }
   if (options.isSet(tourOption)) {
     return vireon::app::runTour(session, instrument, options.value(tourOption).toStdString());
+  }
+  if (options.isSet(picturesOption)) {
+    return vireon::app::takePictures(session, instrument, options.value(picturesOption).toStdString(),
+                                     options.isSet(darkOption) ? "-dark" : "");
   }
   if (options.isSet(shownOption)) {
     const vireon::app::EndWhenShown end(session.window());

@@ -9,8 +9,9 @@ class Unplug : public WindowTest {
  protected:
   void expectDisconnected() {
     EXPECT_EQ(find<QLabel>("StatusBar1_2")->text(), QStringLiteral("Disconnected"));
+    EXPECT_FALSE(form().SSTab1.enabled());
     for (const char* name :
-         {"SSTab1", "cmdClock", "picMscope", "panDlog", "panScon", "cmdStart", "txtSTime"}) {
+         {"cmdClock", "picMscope", "panDlog", "panScon", "cmdStart", "txtSTime"}) {
       EXPECT_FALSE(find(name)->isEnabled()) << name;
     }
     EXPECT_FALSE(form().tmrInt.enabled());
