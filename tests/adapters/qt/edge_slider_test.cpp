@@ -153,6 +153,7 @@ TEST_F(EdgeSliderOnTheScope, AReplyInTheMiddleOfADragDoesNotMoveTheHandle) {
   QTest::mouseMove(&position, from + QPoint(0, 24));
   const int held = position.handlePosition();
   const int value = position.value();
+  instrument.settings().a.position += 9;
   tick();
   EXPECT_EQ(position.handlePosition(), held);
   EXPECT_EQ(position.value(), value);
