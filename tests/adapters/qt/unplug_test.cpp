@@ -10,8 +10,7 @@ class Unplug : public WindowTest {
   void expectDisconnected() {
     EXPECT_EQ(find<QLabel>("StatusBar1_2")->text(), QStringLiteral("Disconnected"));
     EXPECT_FALSE(form().SSTab1.enabled());
-    for (const char* name :
-         {"cmdClock", "picMscope", "panDlog", "panScon", "cmdStart", "txtSTime"}) {
+    for (const char* name : {"cmdClock", "picMscope", "panDlog", "panScon", "cmdStart", "txtSTime"}) {
       EXPECT_FALSE(find(name)->isEnabled()) << name;
     }
     EXPECT_FALSE(form().tmrInt.enabled());

@@ -105,8 +105,8 @@ class SerialWindowTest : public testing::Test {
 
   void expectDisconnected() {
     EXPECT_EQ(linkState(), "Disconnected");
-    for (const char* name :
-         {"SSTab1", "cmdClock", "picMscope", "panDlog", "panScon", "cmdStart", "txtSTime"}) {
+    EXPECT_FALSE(form().SSTab1.enabled());
+    for (const char* name : {"cmdClock", "picMscope", "panDlog", "panScon", "cmdStart", "txtSTime"}) {
       EXPECT_FALSE(find(name)->isEnabled()) << name;
     }
     EXPECT_FALSE(form().tmrInt.enabled());
