@@ -65,8 +65,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vireon::bench::SilentMessages messages;
   vireon::bench::SilentBeeper beeper;
   vireon::bench::FixedClock clock;
-  Program program({hid, messages, beeper, clock});
-  program.load();
+  vireon::bench::NoSerialPort serialPort;
+  vireon::bench::IdlePump pump;
+  vireon::bench::NoSearchView searchView;
+  vireon::app::MemoryFileStore files;
+  files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
+  Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files}, "");
+  require(program.Form_Load());
   const int before = hid.searches;
   prepare(program, data[0]);
   std::span<const std::uint8_t> rest(data + 1, size - 1);
