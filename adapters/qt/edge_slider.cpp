@@ -1,9 +1,11 @@
 #include "adapters/qt/edge_slider.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimerEvent>
 #include <QVariant>
 #include <QWheelEvent>
 #include <algorithm>
@@ -36,11 +38,7 @@ bool turnsValue(int key) {
 
 }  // namespace
 
-EdgeSlider::EdgeSlider(QWidget* parent) : QSlider(parent) {
-  settled_.setSingleShot(true);
-  settled_.setInterval(kSettled);
-  connect(&settled_, &QTimer::timeout, this, &EdgeSlider::complete);
-}
+EdgeSlider::EdgeSlider(QWidget* parent) : QSlider(parent) {}
 
 // The marker is there once the whole form file is read.
 void EdgeSlider::showEvent(QShowEvent* event) {
@@ -58,6 +56,14 @@ bool EdgeSlider::eventFilter(QObject* object, QEvent* event) {
     update();
   }
   return QSlider::eventFilter(object, event);
+}
+
+// A disabled slider gets no release.
+void EdgeSlider::changeEvent(QEvent* event) {
+  QSlider::changeEvent(event);
+  if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+    complete();
+  }
 }
 
 double EdgeSlider::pixelsPerStep() const {
@@ -137,8 +143,15 @@ void EdgeSlider::begin() {
 void EdgeSlider::complete() {
   settled_.stop();
   grabbed_ = false;
-  if (moving_) {
-    moving_ = false;
+  if (!moving_) {
+    return;
+  }
+  const bool overtaken = !isEnabled() || QApplication::activeModalWidget() != nullptr;
+  if (overtaken) {
+    setValue(startValue_);
+  }
+  moving_ = false;
+  if (!overtaken) {
     Q_EMIT moveCompleted();
   }
   update();
@@ -177,7 +190,7 @@ void EdgeSlider::mouseReleaseEvent(QMouseEvent* event) {
 void EdgeSlider::wheelEvent(QWheelEvent* event) {
   begin();
   QSlider::wheelEvent(event);
-  settled_.start();
+  settled_.start(kSettled, this);
 }
 
 // A held key turns the value on and on; its release ends the move.
@@ -195,9 +208,20 @@ void EdgeSlider::keyReleaseEvent(QKeyEvent* event) {
   }
 }
 
+// A dragging pointer is released in its own time; a key that is held is not seen any more.
 void EdgeSlider::focusOutEvent(QFocusEvent* event) {
   QSlider::focusOutEvent(event);
-  complete();
+  if (moving_ && !grabbed_) {
+    settled_.start(kSettled, this);
+  }
+}
+
+void EdgeSlider::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == settled_.timerId()) {
+    complete();
+  } else {
+    QSlider::timerEvent(event);
+  }
 }
 
 }  // namespace vireon::adapters

@@ -1,14 +1,15 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QColor>
 #include <QSlider>
-#include <QTimer>
 
 namespace vireon::adapters {
 
 // A slider at the edge of a picture. Its handle stands beside a marker on the picture and moves with it as
 // the picture's scale says, stopping at the picture's ends; keys and wheel reach the values beyond. Dragging,
-// keys and the wheel change the value as they go; moveCompleted tells when the move is over.
+// keys and the wheel change the value as they go; moveCompleted tells when the move is over. A move that a
+// message or the slider's disabling overtakes is taken back.
 // Dynamic properties from the form file: marker, the object name of its marker on the picture; tint, its
 // colour.
 class EdgeSlider : public QSlider {
@@ -32,6 +33,7 @@ class EdgeSlider : public QSlider {
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -40,6 +42,7 @@ class EdgeSlider : public QSlider {
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
 
  private:
   int along(const QPoint& point) const { return orientation() == Qt::Vertical ? point.y() : point.x(); }
@@ -51,7 +54,7 @@ class EdgeSlider : public QSlider {
   void complete();
 
   QWidget* marker_ = nullptr;
-  QTimer settled_;
+  QBasicTimer settled_;
   bool moving_ = false;
   bool grabbed_ = false;
   int grabbedAt_ = 0;   // pixels along

@@ -161,5 +161,29 @@ TEST_F(EdgeSliderOnTheScope, AReplyInTheMiddleOfADragDoesNotMoveTheHandle) {
   EXPECT_EQ(form().sldPosV[0].value(), value);
 }
 
+TEST_F(EdgeSliderOnTheScope, AMoveThatAFailureOvertakesIsTakenBackWithoutASecondMessage) {
+  EdgeSlider& position = *slider("sldPosV_0");
+  const int before = position.value();
+  for (const bool byWheel : {false, true}) {
+    const std::size_t told = messages.seen.size();
+    const QPoint from(position.width() / 2, position.handlePosition());
+    if (byWheel) {
+      turnWheel(position, -1);
+    } else {
+      QTest::mousePress(&position, Qt::LeftButton, {}, from);
+      QTest::mouseMove(&position, from + QPoint(0, 24));
+    }
+    endpoint.unplug();
+    tick();
+    QTest::mouseRelease(&position, Qt::LeftButton, {}, from + QPoint(0, 24));
+    QTest::qWait(2 * EdgeSlider::kSettled);
+    EXPECT_EQ(messages.seen.size(), told + 1);
+    EXPECT_FALSE(position.moving());
+    EXPECT_EQ(position.value(), before);
+    endpoint.plug();
+    goLive();
+  }
+}
+
 }  // namespace
 }  // namespace vireon::tests

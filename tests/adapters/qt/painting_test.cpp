@@ -1,4 +1,6 @@
 #include <QCursor>
+#include <QDeadlineTimer>
+#include <QPushButton>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -6,6 +8,7 @@
 
 #include "adapters/qt/painting_hid.h"
 #include "adapters/qt/painting_patience.h"
+#include "adapters/qt/painting_turn.h"
 #include "adapters/qt/timer_binding.h"
 #include "tests/adapters/qt/held_hid.h"
 #include "tests/adapters/qt/window_fixture.h"
@@ -327,6 +330,20 @@ TEST_F(PaintingWindow, ADeviceThatIsSlowToOpenConnects) {
       HeldHid::Calls::kAll, [&] { session.program().form.cmdBttn[0].click(); }, [] {});
   EXPECT_TRUE(session.program().connection.connected());
   EXPECT_TRUE(messages.seen.empty());
+}
+
+TEST(PaintingTurn, AButtonPressedByItsShortcutWaitsWithItsClick) {
+  QPushButton button;
+  button.show();
+  int clicks = 0;
+  QObject::connect(&button, &QPushButton::clicked, &button, [&clicks] { ++clicks; });
+  adapters::ModalGate gate;
+  button.animateClick();
+  for (const QDeadlineTimer exchange(300); !exchange.hasExpired();) {
+    adapters::paintingTurn(gate);
+  }
+  EXPECT_EQ(clicks, 0);
+  EXPECT_TRUE(QTest::qWaitFor([&clicks] { return clicks == 1; }));
 }
 
 }  // namespace
