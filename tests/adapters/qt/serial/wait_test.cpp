@@ -16,6 +16,22 @@ class SerialWait : public SerialWindowTest {
     ticker.start(5);
   }
 
+  // Connects, and acts once in the search that follows; the messages before it are forgotten. Tells whether
+  // there was one.
+  bool connectAndSearch(const std::function<void()>& action) {
+    bool acted = false;
+    ticker.callOnTimeout([this, action, &acted] {
+      if (program().link.portSearch && program().link.linkBusy && !std::exchange(acted, true)) {
+        messages.seen.clear();
+        action();
+      }
+    });
+    ticker.start(1);
+    click("cmdBttn_0");
+    ticker.stop();
+    return acted;
+  }
+
   void expectOneQuestionOnClosing() {
     ASSERT_TRUE(until([this] { return !window().isVisible(); }));
     ASSERT_EQ(messages.seen.size(), 1U);
@@ -142,16 +158,7 @@ TEST_F(SerialWait, ClosingTheWindowDuringASearchEndsIt) {
   plugIn(1, 9600, {"--fault", "silence"});
   start(2, 9600);
   messages.answers = {QMessageBox::Yes, QMessageBox::No};
-  bool closed = false;
-  ticker.callOnTimeout([&] {
-    if (program().link.portSearch && program().link.linkBusy && !std::exchange(closed, true)) {
-      messages.seen.clear();
-      window().close();
-    }
-  });
-  ticker.start(1);
-  click("cmdBttn_0");
-  ASSERT_TRUE(closed);
+  ASSERT_TRUE(connectAndSearch([this] { window().close(); }));
   expectOneQuestionOnClosing();
   EXPECT_EQ(program().link.comPort, "2");
 }
@@ -160,16 +167,7 @@ TEST_F(SerialWait, TheExitButtonDuringASearchEndsIt) {
   plugIn(1, 9600, {"--fault", "silence"});
   start(2, 9600);
   messages.answers = {QMessageBox::Yes, QMessageBox::No};
-  bool closed = false;
-  ticker.callOnTimeout([&] {
-    if (program().link.portSearch && program().link.linkBusy && !std::exchange(closed, true)) {
-      messages.seen.clear();
-      form().cmdBttn[1].click();
-    }
-  });
-  ticker.start(1);
-  click("cmdBttn_0");
-  ASSERT_TRUE(closed);
+  ASSERT_TRUE(connectAndSearch([this] { form().cmdBttn[1].click(); }));
   expectOneQuestionOnClosing();
 }
 
