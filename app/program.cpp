@@ -13,6 +13,7 @@ Program::Program(const ProgramPorts& ports, const std::string& folder)
       dispatcher(form, state, interpreter),
       connection(form, state, link,
                  {ports.hid, ports.messages, ports.beeper, ports.serialPort, ports.pump, ports.searchView}),
+      longWork(form, state, connection.operations(), ports.pump),
       waveform(form, state, interpreter),
       scopeControls(form, state, connection),
       meterControls(form, state, connection, ports.clock),
@@ -81,6 +82,7 @@ bool Program::requestClose() {
   if (connection.operations().running()) {
     closeWanted_ = true;
     connection.endWait();
+    longWork.cancel();
     return false;
   }
   Form_QueryUnload();

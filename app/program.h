@@ -9,6 +9,7 @@
 #include "form/main_form.h"
 #include "link/advice.h"
 #include "link/connection_control.h"
+#include "link/long_work.h"
 #include "meter/logger_controls.h"
 #include "meter/meter_controls.h"
 #include "meter/sampling.h"
@@ -71,6 +72,7 @@ class Program {
   protocol::ReplyInterpreter interpreter;
   protocol::ReplyDispatcher dispatcher;
   link::ConnectionControl connection;
+  link::LongWork longWork;
   scope::WaveformDisplay waveform;
   scope::ScopeControls scopeControls;
   meter::MeterControls meterControls;

@@ -13,15 +13,18 @@ class Button : public Captioned {
  public:
   Button(Form& form, std::string name) : Captioned(form, std::move(name)) {}
 
-  // What a user's click does; nothing while the button is disabled.
+  // What a user's click does; nothing while the button takes no input.
   void click() const {
-    if (enabled()) {
+    if (takesInput()) {
       raise(onClick);
     }
   }
   Handler onClick;
 
   void accept(ControlVisitor& visitor) override;
+
+ protected:
+  bool isInput() const override { return true; }
 };
 
 // A check box or toggle button: value 1 is checked, 0 is not.
@@ -35,6 +38,9 @@ class CheckBox : public Captioned {
   Handler onClick;
 
   void accept(ControlVisitor& visitor) override;
+
+ protected:
+  bool isInput() const override { return true; }
 
  private:
   int value_ = 0;
@@ -52,6 +58,9 @@ class OptionButton : public Captioned {
   Handler onClick;
 
   void accept(ControlVisitor& visitor) override;
+
+ protected:
+  bool isInput() const override { return true; }
 
  private:
   template <std::size_t N>

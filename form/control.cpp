@@ -1,5 +1,6 @@
 #include "form/control.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vireon::form {
@@ -15,8 +16,30 @@ void Form::setCaption(std::string caption) {
 }
 
 void Form::setView(ControlView* view) {
+  view_ = view;
   for (Control* control : controls_) {
     control->view_ = view;
+  }
+}
+
+void Form::raiseShield(const std::vector<const Control*>& open) {
+  for (Control* control : controls_) {
+    const bool isOpen = std::find(open.begin(), open.end(), control) != open.end();
+    control->assign(control->shielded_, control->isInput() && !isOpen);
+  }
+  shieldMoved(true);
+}
+
+void Form::lowerShield() {
+  for (Control* control : controls_) {
+    control->assign(control->shielded_, false);
+  }
+  shieldMoved(false);
+}
+
+void Form::shieldMoved(bool up) const {
+  if (view_ != nullptr) {
+    view_->shieldMoved(up);
   }
 }
 

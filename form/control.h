@@ -28,6 +28,9 @@ class ControlView {
 
   // Show the control's present state before returning.
   virtual void refresh(const Control& control) = 0;
+
+  // The shield went up or down: show at once which controls take input.
+  virtual void shieldMoved(bool up) = 0;
 };
 
 // A window: owner of the list of its controls, and its caption.
@@ -48,10 +51,18 @@ class Form {
   // Every later change of any control is told to `view`; null ends that.
   void setView(ControlView* view);
 
+  // While the shield is up no control takes the user's input but those in `open`; the program moves all of
+  // them as ever.
+  void raiseShield(const std::vector<const Control*>& open);
+  void lowerShield();
+
  private:
   friend class Control;
+  void shieldMoved(bool up) const;
+
   std::string caption_;
   std::vector<Control*> controls_;
+  ControlView* view_ = nullptr;
 };
 
 // What all controls share. Texts are code page 1252, one byte one character.
@@ -70,12 +81,19 @@ class Control {
   bool enabled() const { return enabled_; }
   void setEnabled(bool enabled) { assign(enabled_, enabled); }
 
+  // Whether the form's shield keeps the user's input from the control.
+  bool shielded() const { return shielded_; }
+  bool takesInput() const { return enabled_ && !shielded_; }
+
   // Shows the present state at once, without waiting for the window's next turn.
   void refresh() const;
 
   virtual void accept(ControlVisitor& visitor) = 0;
 
  protected:
+  // Whether the user sets something with it; panels, displays and timers are none.
+  virtual bool isInput() const { return false; }
+
   // Tells the view when the value is a new one; returns whether it is.
   template <class T, class U>
   bool assign(T& property, U&& value) {
@@ -99,6 +117,7 @@ class Control {
   ControlView* view_ = nullptr;
   bool visible_ = true;
   bool enabled_ = true;
+  bool shielded_ = false;
 };
 
 }  // namespace vireon::form

@@ -52,6 +52,9 @@ class TextBox : public Control {
 
   void accept(ControlVisitor& visitor) override;
 
+ protected:
+  bool isInput() const override { return true; }
+
  private:
   std::string text_;
   bool readOnly_ = false;
@@ -74,6 +77,9 @@ class ComboBox : public Control {
   Handler onClick;
 
   void accept(ControlVisitor& visitor) override;
+
+ protected:
+  bool isInput() const override { return true; }
 
  private:
   std::vector<std::string> items_;

@@ -20,6 +20,9 @@ void MainForm::startFrame() {
   SSTab1.setCaptions({"Scope", "Meter"});
   cmdBttn[0].setCaption("Connect");
   cmdBttn[1].setCaption("Exit");
+  cmdCancel.setCaption("Cancel");
+  cmdCancel.setVisible(false);
+  barWork.setVisible(false);
   cmdStart.setCaption("Start");
   txtSTime.setText("0.5");
   cmdClock.setCaption("Clock Set");

@@ -22,6 +22,8 @@ class MainForm : public Form {
   // Frame of the window.
   TabControl SSTab1{*this, "SSTab1"};                 // 0 scope, 1 meter and logger
   StatusBar StatusBar1{*this, "StatusBar1"};          // 1 transient texts, 2 link state
+  ProgressBar barWork{*this, "barWork"};              // how far a long work is
+  Button cmdCancel{*this, "cmdCancel"};               // ends a long work
   ControlArray<Button, 2> cmdBttn{*this, "cmdBttn"};  // 0 connect, 1 exit
   ControlArray<Shape, 2> Txled{*this, "Txled"};       // 0 transmit, 1 receive
   Button cmdStart{*this, "cmdStart"};

@@ -39,6 +39,9 @@ class Slider : public Ranged {
   Handler onChange;
 
   void accept(ControlVisitor& visitor) override;
+
+ protected:
+  bool isInput() const override { return true; }
 };
 
 // A bar that fills from minimum to maximum.

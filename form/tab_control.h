@@ -31,6 +31,9 @@ class TabControl : public Control {
 
   void accept(ControlVisitor& visitor) override;
 
+ protected:
+  bool isInput() const override { return true; }
+
  private:
   bool choose(int tab);
 

@@ -63,7 +63,10 @@ void ConnectionControl::usbFail() {
 
 void ConnectionControl::cmdBttn_Click(int index) {
   if (index == 1) {
-    release();
+    // What is under way ends first; the window takes leave of the instrument when it goes.
+    if (!operations_.running()) {
+      release();
+    }
     if (unloadForm) {
       unloadForm();
     }

@@ -79,7 +79,7 @@ void Sampling::txtSTime_Change() {
 }
 
 void Sampling::tmrInt_Timer() {
-  if (form_.chkMld.value() == 1 || !linkState_.onUsb()) {
+  if (form_.chkMld.value() == 1 || state_.logTransfer || !linkState_.onUsb()) {
     return;
   }
   std::string command;

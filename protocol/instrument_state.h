@@ -34,7 +34,7 @@ struct InstrumentState {
   int trdCnt = 0;           // number of the trend point last received
   std::array<TrendPoint, kTrendPoints> trdBuf{};
 
-  bool logTransfer = false;   // the logger's memory is being downloaded
+  bool logTransfer = false;   // a download or another long work runs; the poll rests
   bool trgLevelSync = false;  // a "trg" reply also moves the trigger-level slider
   bool initBusy = false;      // the full settings query runs
   bool uiBusy = false;        // the program itself moves controls; handlers send nothing

@@ -83,6 +83,17 @@ void ControlBinder::refresh(const form::Control& control) {
   }
 }
 
+// A widget that can take no input loses the focus; it is given back.
+void ControlBinder::shieldMoved(bool up) {
+  if (up) {
+    focusBefore_ = root_.focusWidget();
+  }
+  flush();
+  if (QWidget* const before = focusBefore_.data(); !up && before != nullptr && before->isEnabled()) {
+    before->setFocus();
+  }
+}
+
 void ControlBinder::flush() {
   sinceFlush_.start();
   const auto waiting = std::exchange(waiting_, {});
@@ -106,7 +117,7 @@ void ControlBinder::show(const form::Control& control, Binding& binding) {
     if (frame.isHidden() == visible) {
       frame.setVisible(visible);
     }
-    binding.enable(control.enabled());
+    binding.enable(control.takesInput());
   }
   binding.show();
   const auto [first, last] = companions_.equal_range(&control);

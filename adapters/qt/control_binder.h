@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
@@ -30,6 +31,7 @@ class ControlBinder : public QObject, public form::ControlView, private form::Co
 
   void changed(const form::Control& control) override;
   void refresh(const form::Control& control) override;
+  void shieldMoved(bool up) override;
 
   // Shows every waiting change now.
   void flush();
@@ -70,6 +72,7 @@ class ControlBinder : public QObject, public form::ControlView, private form::Co
   std::vector<std::string> unbound_;
   std::unordered_multimap<const form::Control*, const form::Control*> companions_;  // by their panel
   std::unordered_map<const form::Control*, const form::Control*> panels_;           // and the other way round
+  QPointer<QWidget> focusBefore_;                                                   // the shield
   QTimer pacer_;
   QElapsedTimer sinceFlush_;
   std::unordered_map<const form::Control*, QElapsedTimer> sinceRefresh_;

@@ -46,12 +46,12 @@ class ProgressBarBinding : public Binding {
   QProgressBar& bar_;
 };
 
-// A strip of tabs; while its control is disabled it still shows the panels.
+// A strip of tabs; while its control is disabled it still shows the panels, unless it is shielded.
 class TabControlBinding : public Binding {
  public:
   TabControlBinding(form::TabControl& control, QTabBar& widget);
   void show() override;
-  void enable(bool /*enabled*/) override {}
+  void enable(bool /*enabled*/) override { tabs_.setEnabled(!control_.shielded()); }
 
  private:
   form::TabControl& control_;

@@ -173,6 +173,7 @@ class BusyView : public form::ControlView {
     }
   }
   void refresh(const form::Control& /*control*/) override {}
+  void shieldMoved(bool /*up*/) override {}
 
   int changes = 0;
   bool busy = true;

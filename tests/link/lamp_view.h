@@ -31,6 +31,8 @@ class LampView : public form::ControlView {
     }
   }
 
+  void shieldMoved(bool) override {}
+
   Lamps shown() const { return shown_; }
 
   std::vector<Lamps> painted;  // each new state once

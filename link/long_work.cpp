@@ -1,0 +1,42 @@
+#include "link/long_work.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace vireon::link {
+
+LongWork::LongWork(form::MainForm& form, protocol::InstrumentState& state, Operations& operations,
+                   platform::MessagePump& pump)
+    : form_(form), state_(state), operations_(operations), pump_(pump) {
+  form_.cmdCancel.onClick = [this] { cancel(); };
+}
+
+LongWork::Scope::Scope(LongWork& work, int total, std::initializer_list<const form::Control*> open)
+    : work_(work), operation_(work.operations_) {
+  work_.cancelled_ = false;
+  work_.state_.logTransfer = true;
+  form::MainForm& form = work_.form_;
+  form.barWork.setRange(0, std::max(0, total));
+  form.barWork.setValue(0);
+  form.barWork.setVisible(true);
+  form.cmdCancel.setVisible(true);
+  std::vector<const form::Control*> all(open);
+  all.insert(all.end(), {&form.cmdCancel, &form.cmdBttn[1]});
+  form.raiseShield(all);
+}
+
+LongWork::Scope::~Scope() {
+  work_.form_.lowerShield();
+  work_.form_.barWork.setVisible(false);
+  work_.form_.cmdCancel.setVisible(false);
+  work_.state_.logTransfer = false;
+}
+
+bool LongWork::Scope::goOn(int done) {
+  form::ProgressBar& bar = work_.form_.barWork;
+  bar.setValue(std::clamp(done, bar.minimum(), bar.maximum()));
+  work_.pump_.pump();
+  return !work_.cancelled_;
+}
+
+}  // namespace vireon::link
