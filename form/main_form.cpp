@@ -27,6 +27,7 @@ void MainForm::startFrame() {
   txtSTime.setText("0.5");
   cmdClock.setCaption("Clock Set");
   cmdSprint.setCaption("Screen Print");
+  cmdOpen.setCaption("Open");
   tmrInt.setInterval(500);
 }
 

@@ -30,8 +30,9 @@ class MainForm : public Form {
   TextBox txtSTime{*this, "txtSTime"};  // sampling time, seconds
   Button cmdClock{*this, "cmdClock"};
   Button cmdSprint{*this, "cmdSprint"};
-  Timer tmrInt{*this, "tmrInt"};  // live poll
-  Timer tmrCom{*this, "tmrCom"};  // serial answer time-out
+  Button cmdOpen{*this, "cmdOpen"};  // opens a saved file of any kind
+  Timer tmrInt{*this, "tmrInt"};     // live poll
+  Timer tmrCom{*this, "tmrCom"};     // serial answer time-out
 
   // The picture of tab 0 and the readings of tab 1.
   PictureBox picMscope{*this, "picMscope"};

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QKeySequence>
 #include <QSignalBlocker>
+#include <QVariant>
 
 #include "adapters/qt/colors.h"
 #include "adapters/qt/text.h"
@@ -42,6 +43,11 @@ ButtonBinding::ButtonBinding(const form::Button& control, QAbstractButton& widge
 
 CheckBoxBinding::CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget)
     : CaptionBinding(control, widget), control_(control) {
+  for (QWidget* other : widget.window()->findChildren<QWidget*>()) {
+    if (other->property("signOf").toString() == widget.objectName()) {
+      signs_.push_back(other);
+    }
+  }
   QObject::connect(&widget, &QAbstractButton::clicked, &widget,
                    [&control](bool checked) { control.setValue(checked ? 1 : 0); });
 }
@@ -50,6 +56,9 @@ void CheckBoxBinding::show() {
   CaptionBinding::show();
   const QSignalBlocker blocker(button());
   button().setChecked(control_.value() == 1);
+  for (QWidget* sign : signs_) {
+    sign->setVisible(control_.value() == 1);
+  }
 }
 
 OptionButtonBinding::OptionButtonBinding(form::OptionButton& control, QAbstractButton& widget)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <vector>
 
 #include "adapters/qt/binding.h"
 #include "form/buttons.h"
@@ -28,6 +29,7 @@ class ButtonBinding : public CaptionBinding {
   ButtonBinding(const form::Button& control, QAbstractButton& widget);
 };
 
+// Labels with the dynamic property "signOf" that names the check box are seen while it is checked.
 class CheckBoxBinding : public CaptionBinding {
  public:
   CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget);
@@ -35,6 +37,7 @@ class CheckBoxBinding : public CaptionBinding {
 
  private:
   form::CheckBox& control_;
+  std::vector<QWidget*> signs_;
 };
 
 class OptionButtonBinding : public CaptionBinding {

@@ -30,14 +30,14 @@ struct Lettering {
 
 // The widgets whose letters differ from the panel's.
 constexpr Lettering kLetterings[] = {
-    {"dmmMrdg", 5.0, true}, {"dmmMrge", 2.6, true}, {"lblDmm", 2.0, true},  {"lblVd_0", 1.2, true},
-    {"lblVd_1", 1.2, true}, {"lblHd", 1.2, true},   {"posDV_0", 0.9, true}, {"posDV_1", 0.9, true},
-    {"posT", 0.9, true},    {"markT", 0.9, true},
+    {"dmmMrdg", 6.2, true}, {"dmmMrge", 2.4, true}, {"lblDmm", 2.0, true},   {"lblVd_0", 1.2, true},
+    {"lblVd_1", 1.2, true}, {"lblHd", 1.2, true},   {"posDV_0", 0.9, true},  {"posDV_1", 0.9, true},
+    {"posT", 0.9, true},    {"markT", 0.9, true},   {"signAuto", 1.1, true}, {"signHold", 1.1, true},
 };
 
 // Panels that stay dark like the instrument's screen, in every palette.
-constexpr const char* kScreens[] = {"settingsLine", "readingDisplay", "lblDmm",
-                                    "lblVd_0",      "lblVd_1",        "lblHd"};
+constexpr const char* kScreens[] = {"settingsLine", "readingDisplay", "lblDmm", "lblVd_0",
+                                    "lblVd_1",      "lblHd",          "picTrd"};
 
 }  // namespace
 

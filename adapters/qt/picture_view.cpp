@@ -10,14 +10,6 @@
 namespace vireon::adapters {
 namespace {
 
-// The graticule, in twips: 10 by 8 divisions centred on the middle of the traces.
-constexpr int kLeft = 510;
-constexpr int kTop = 10;
-constexpr int kDivisionWidth = 372;
-constexpr int kDivisionHeight = 420;
-constexpr int kColumns = 10;
-constexpr int kRows = 8;
-
 const QColor kGraticule(70, 78, 84);
 const QColor kAxis(112, 122, 130);
 
@@ -43,20 +35,22 @@ void PictureView::drawBackground() {
   const double ratio = devicePixelRatioF();
   background_ = QPixmap(size() * ratio);
   background_.fill(Qt::black);
-  if (property("graticule").toBool()) {
+  if (const QRect division = property("graticule").toRect(); division.isValid()) {
+    const QSize divisions = property("divisions").toSize();
     QPainter painter(&background_);
     const int thickness = std::max(1, static_cast<int>(ratio));
-    const auto pixels = [&](int x, int y) { return (fromTwips(x, y) * ratio).toPoint(); };
-    const QRect field(pixels(kLeft, kTop),
-                      pixels(kLeft + kColumns * kDivisionWidth, kTop + kRows * kDivisionHeight));
-    for (int column = 0; column <= kColumns; ++column) {
-      const int x = pixels(kLeft + column * kDivisionWidth, 0).x();
-      painter.fillRect(x, field.top(), thickness, field.height(),
-                       column * 2 == kColumns ? kAxis : kGraticule);
+    const auto corner = [&](int column, int row) {
+      const QPoint twips = division.topLeft() + QPoint(column * division.width(), row * division.height());
+      return (fromTwips(twips.x(), twips.y()) * ratio).toPoint();
+    };
+    const QRect field(corner(0, 0), corner(divisions.width(), divisions.height()));
+    for (int column = 0; column <= divisions.width(); ++column) {
+      painter.fillRect(corner(column, 0).x(), field.top(), thickness, field.height(),
+                       column * 2 == divisions.width() ? kAxis : kGraticule);
     }
-    for (int row = 0; row <= kRows; ++row) {
-      const int y = pixels(0, kTop + row * kDivisionHeight).y();
-      painter.fillRect(field.left(), y, field.width(), thickness, row * 2 == kRows ? kAxis : kGraticule);
+    for (int row = 0; row <= divisions.height(); ++row) {
+      painter.fillRect(field.left(), corner(0, row).y(), field.width(), thickness,
+                       row * 2 == divisions.height() ? kAxis : kGraticule);
     }
   }
   background_.setDevicePixelRatio(ratio);

@@ -10,7 +10,8 @@
 namespace vireon::adapters {
 
 // A picture with lines in twips, scaled to whatever size the widget has. Dynamic properties from the form
-// file: twipsWidth and twipsHeight, the size of the picture; graticule, whether it has one.
+// file: twipsWidth and twipsHeight, what the widget shows of the picture; graticule, its first division at
+// the top left, if it has one; divisions, how many there are across and down.
 class PictureView : public QWidget {
   Q_OBJECT
 

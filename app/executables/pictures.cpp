@@ -7,32 +7,47 @@ namespace {
 
 constexpr int kOhm = 2;       // list position
 constexpr int kExternal = 2;  // trigger source
+constexpr int kFullTrend = 119;
+constexpr int kRecords = 16;
+
+enum Mode { kDataLogger, kRecord, kRelative, kCompare, kTrend };
 
 class Pictures {
  public:
-  Pictures(Session& session, simulator::Instrument& instrument, const QDir& folder, QString suffix)
-      : window_(session, folder), instrument_(instrument), suffix_(std::move(suffix)) {}
+  Pictures(Session& session, simulator::Instrument& instrument, simulator::ManualClock& clock,
+           const QDir& folder, QString suffix)
+      : window_(session, folder), instrument_(instrument), suffix_(std::move(suffix)) {
+    QObject::connect(&hurry_, &QTimer::timeout, &hurry_, [&clock, this] { clock.advance(step_); });
+    hurry_.start(GuidedWindow::kLook);
+  }
 
   bool take() {
     return picture("scope-disconnected") && connectAndStart() && picture("scope-live") && showReference() &&
            picture("scope-reference") && external() && picture("scope-external-trigger") && ohm() &&
-           picture("scope-ohm");
+           picture("scope-ohm") && showMeter() && recordRun() && picture("meter-data-logger") &&
+           statistics(kRecord) && picture("meter-record") && statistics(kRelative) &&
+           picture("meter-relative") && setUp() && picture("meter-set-up") && statistics(kCompare) &&
+           picture("meter-compare") && trendRun() && picture("meter-trend");
   }
 
  private:
   bool picture(const char* name) { return window_.picture(QLatin1String(name) + suffix_); }
 
   // Waits until the program has shown what the instrument sent after now.
-  bool nextFrames() {
+  bool nextFrames(std::uint64_t count = 4) {
     const std::uint64_t before = instrument_.commandCount();
-    return window_.waitFor([&] { return instrument_.commandCount() >= before + 4; });
+    return window_.waitFor([&] { return instrument_.commandCount() >= before + count; });
   }
 
   bool connectAndStart() {
     window_.click("cmdBttn_0");
+    startSampling();
+    return nextFrames();
+  }
+
+  void startSampling() {
     window_.form().txtSTime.setText("0.05");
     window_.click("cmdStart");
-    return nextFrames();
   }
 
   bool showReference() {
@@ -52,18 +67,60 @@ class Pictures {
     return nextFrames();
   }
 
+  bool showMeter() {
+    window_.form().cmbFun.setListIndex(0);
+    window_.form().SSTab1.setTab(1);
+    startSampling();
+    return nextFrames() && window_.form().cmbDmod.listIndex() == kDataLogger;
+  }
+
+  // Sampling as fast as the pictures need it, which the record button sets to half a second.
+  void record() {
+    window_.click("chkLog1");
+    window_.form().tmrInt.setInterval(GuidedWindow::kLook);
+  }
+
+  bool recordRun() {
+    step_ = std::chrono::milliseconds(500);
+    record();
+    const bool recorded =
+        window_.waitFor([&] { return window_.session().program().state.logRow > kRecords; });
+    record();
+    return recorded && nextFrames();
+  }
+
+  bool statistics(Mode mode) {
+    step_ = std::chrono::milliseconds(100);
+    window_.form().cmbDmod.setListIndex(mode);
+    return nextFrames(60);
+  }
+
+  bool setUp() {
+    window_.click("cmdSetup");
+    return nextFrames();
+  }
+
+  bool trendRun() {
+    step_ = std::chrono::milliseconds(400);
+    window_.form().cmbDmod.setListIndex(kTrend);
+    record();
+    return window_.waitFor([&] { return window_.form().barTrd.value() == kFullTrend; });
+  }
+
   GuidedWindow window_;
   simulator::Instrument& instrument_;
   QString suffix_;
+  QTimer hurry_;  // lets the instrument's time pass
+  std::chrono::nanoseconds step_ = std::chrono::milliseconds(20);
 };
 
 }  // namespace
 
-int takePictures(Session& session, simulator::Instrument& instrument, const std::string& folder,
-                 const std::string& suffix) {
-  const bool good =
-      Pictures(session, instrument, QDir(QString::fromStdString(folder)), QString::fromStdString(suffix))
-          .take();
+int takePictures(Session& session, simulator::Instrument& instrument, simulator::ManualClock& clock,
+                 const std::string& folder, const std::string& suffix) {
+  const bool good = Pictures(session, instrument, clock, QDir(QString::fromStdString(folder)),
+                             QString::fromStdString(suffix))
+                        .take();
   std::puts(good ? "All pictures are taken." : "A picture is missing.");
   session.window().close();
   return good ? 0 : 1;

@@ -58,7 +58,10 @@ int main(int argc, char** argv) {
   if (options.isSet(darkOption)) {
     QApplication::setPalette(vireon::app::darkPalette());
   }
-  vireon::simulator::SteadyClock clock;
+  vireon::simulator::SteadyClock steadyClock;
+  vireon::simulator::ManualClock pictureClock;
+  vireon::simulator::Clock* const clocks[] = {&steadyClock, &pictureClock};
+  vireon::simulator::Clock& clock = *clocks[options.isSet(picturesOption) ? 1 : 0];
   vireon::simulator::Instrument instrument(model->second, clock);
   vireon::simulator::UsbEndpoint endpoint(instrument, clock);
   vireon::app::SimulatedHid hid(endpoint, model->second);
@@ -73,7 +76,8 @@ int main(int argc, char** argv) {
     return vireon::app::runTour(session, instrument, options.value(tourOption).toStdString());
   }
   if (options.isSet(picturesOption)) {
-    return vireon::app::takePictures(session, instrument, options.value(picturesOption).toStdString(),
+    return vireon::app::takePictures(session, instrument, pictureClock,
+                                     options.value(picturesOption).toStdString(),
                                      options.isSet(darkOption) ? "-dark" : "");
   }
   if (options.isSet(shownOption)) {

@@ -100,13 +100,13 @@ TEST(MainForm, SingleControlsBearTheirFormNames) {
   }
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names,
-            (Texts{"SSTab1",    "StatusBar1", "barTrd",    "barWork",  "chkAt",   "chkDmAt",  "chkHat",
-                   "chkHold",   "chkLog0",    "chkLog1",   "chkMhld",  "chkMld",  "chkSgl",   "chkSub",
-                   "cmbDmod",   "cmbFun",     "cmdCancel", "cmdClock", "cmdLprt", "cmdSetup", "cmdSlp",
-                   "cmdSprint", "cmdStart",   "dmmMrdg",   "dmmMrge",  "grdLog",  "lblDmm",   "lblDttl",
-                   "lblHd",     "lblStm",     "markT",     "panAfn",   "panDlog", "panScon",  "panTrd",
-                   "picDmm",    "picMscope",  "picScope",  "picSet",   "picStm",  "picTrd",   "posT",
-                   "sldPosH",   "tmrCom",     "tmrInt",    "trgLvl",   "txtMad",  "txtSTime"}));
+            (Texts{"SSTab1",  "StatusBar1", "barTrd",    "barWork",  "chkAt",   "chkDmAt", "chkHat",
+                   "chkHold", "chkLog0",    "chkLog1",   "chkMhld",  "chkMld",  "chkSgl",  "chkSub",
+                   "cmbDmod", "cmbFun",     "cmdCancel", "cmdClock", "cmdLprt", "cmdOpen", "cmdSetup",
+                   "cmdSlp",  "cmdSprint",  "cmdStart",  "dmmMrdg",  "dmmMrge", "grdLog",  "lblDmm",
+                   "lblDttl", "lblHd",      "lblStm",    "markT",    "panAfn",  "panDlog", "panScon",
+                   "panTrd",  "picDmm",     "picMscope", "picScope", "picSet",  "picStm",  "picTrd",
+                   "posT",    "sldPosH",    "tmrCom",    "tmrInt",   "trgLvl",  "txtMad",  "txtSTime"}));
 }
 
 TEST(MainForm, TheFrameStartsOnTheScopeTabWithSamplingStopped) {

@@ -16,12 +16,11 @@ TEST_F(FormFile, EachControlHasItsWidget) {
 // Widgets of the panel that show no control: frames, groups and fixed captions.
 bool isDecoration(const QString& name) {
   static const QSet<QString> names = {QStringLiteral("scopeFace"),      QStringLiteral("settingsLine"),
-                                      QStringLiteral("readingDisplay"), QStringLiteral("printSlot"),
-                                      QStringLiteral("recallSlot"),     QStringLiteral("statusLine"),
-                                      QStringLiteral("files0"),         QStringLiteral("files1"),
-                                      QStringLiteral("StatusBar1_1"),   QStringLiteral("StatusBar1_2")};
+                                      QStringLiteral("readingDisplay"), QStringLiteral("statusLine"),
+                                      QStringLiteral("StatusBar1_1"),   QStringLiteral("StatusBar1_2"),
+                                      QStringLiteral("menuMemory")};
   return names.contains(name) || name.startsWith(QLatin1String("group")) ||
-         name.startsWith(QLatin1String("caption"));
+         name.startsWith(QLatin1String("caption")) || name.startsWith(QLatin1String("sign"));
 }
 
 TEST_F(FormFile, EachWidgetHasItsControl) {
