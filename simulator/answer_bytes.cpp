@@ -12,6 +12,9 @@ constexpr std::uint8_t kStart = 2;
 constexpr std::uint8_t kEnd = 3;
 constexpr std::string_view kIdentityKey = "sim:";
 constexpr std::size_t kIdentityWidth = 6;
+constexpr std::string_view kDumpKey = "lgd:";
+constexpr std::string_view kEndMark = "--EOD---";
+constexpr std::string_view kMadeUpRecord = "00000 00:00:00   0.00V\x95 ";
 constexpr std::string_view kStrayBytes = "\x7F\x01?\x02vda:4";
 
 std::vector<std::uint8_t> garbageBytes(const Garbage& garbage) {
@@ -35,9 +38,20 @@ void replaceIdentity(std::string& text, std::string identity) {
   text.replace(place + kIdentityKey.size(), kIdentityWidth, identity);
 }
 
+void spoilDump(std::string& text, const Faults& faults) {
+  if (!text.starts_with(kDumpKey)) return;
+  if (faults.emptyDump) {
+    text = kDumpKey;
+  } else if (faults.endlessDump && text.find(kEndMark) != std::string::npos) {
+    text = kDumpKey;
+    for (std::size_t i = 0; i < Logger::kRecordsPerDump; ++i) text += kMadeUpRecord;
+  }
+}
+
 std::vector<std::uint8_t> frameBytes(std::string text, const Faults& faults) {
   if (faults.garbage) return garbageBytes(*faults.garbage);
   if (faults.controlCode) text.assign(1, static_cast<char>(*faults.controlCode));
+  spoilDump(text, faults);
   if (faults.identity) replaceIdentity(text, *faults.identity);
   std::vector<std::uint8_t> bytes;
   bytes.reserve(text.size() + 2);

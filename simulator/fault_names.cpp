@@ -72,6 +72,17 @@ bool setSplit(Faults& faults, std::string_view text) {
   return value.has_value();
 }
 
+bool setOnlyOn(Faults& faults, std::string_view text) {
+  faults.onlyOn = std::string(text);
+  return !text.empty();
+}
+
+bool setSkip(Faults& faults, std::string_view text) {
+  const auto value = number(text, 1, kMost);
+  faults.skip = value.value_or(0);
+  return value.has_value();
+}
+
 bool setCode(Faults& faults, std::string_view text) {
   const auto value = number(orElse(text, "7"), 0, 255);
   if (!value || *value == 2 || *value == 3) return false;
@@ -109,9 +120,11 @@ bool clear(Faults& faults, std::string_view text) {
   return text.empty();
 }
 
-constexpr std::array<Entry, 23> kEntries{{
+constexpr std::array<Entry, 27> kEntries{{
     {"none", "", Use::kBoth, clear, "nothing goes wrong"},
     {"once", "", Use::kBoth, setFlag<&Faults::once>, "with others: off again after the next exchange"},
+    {"on", "=TEXT", Use::kBoth, setOnlyOn, "with others: only for commands that begin with TEXT"},
+    {"skip", "=N", Use::kBoth, setSkip, "with others: the first N exchanges, or those of \"on\", go well"},
     {"silence", "", Use::kBoth, setFlag<&Faults::silence>, "no answer; the command is carried out"},
     {"refuse", "", Use::kBoth, setFlag<&Faults::refuse>, "a refusal (5); the command is not carried out"},
     {"code", "[=N]", Use::kBoth, setCode, "the answer is code N alone: 0 to 255 but 2 and 3 (7)"},
@@ -123,6 +136,9 @@ constexpr std::array<Entry, 23> kEntries{{
     {"identity", "[=NAME]", Use::kBoth, setIdentity, "another identity, 1 to 6 characters (X1000)"},
     {"false-start", "", Use::kBoth, setFlag<&Faults::falseStart>,
      "stray bytes and the beginning of another frame before the answer"},
+    {"dump-empty", "", Use::kBoth, setFlag<&Faults::emptyDump>, "a memory dump lists no record"},
+    {"dump-endless", "", Use::kBoth, setFlag<&Faults::endlessDump>,
+     "a memory dump never comes to its end record"},
     {"split", "[=MS]", Use::kSerial, setSplit, "each byte by itself, MS milliseconds apart (20)"},
     {"twice", "", Use::kSerial, setFlag<&Faults::twice>, "the answer twice, in one piece"},
     {"hangup-byte", "=N", Use::kSerial, setNumber<&Faults::hangUpAtByte, 1>,

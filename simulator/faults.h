@@ -26,7 +26,11 @@ struct ShortReport {
 // that the exchange does not reach does nothing.
 struct Faults {
   // On either link.
-  bool once = false;                           // off again after the next exchange; else from now on
+  bool once = false;  // off again after the next exchange; else from now on
+  // The others act only on command strings that begin so, and `skip` of those go well first.
+  // `unplugAtReport` then acts at the earliest at the command's last report, `stall` at once.
+  std::optional<std::string> onlyOn{};
+  std::size_t skip = 0;
   bool silence = false;                        // no answer at all
   bool refuse = false;                         // answered by a refusal, and not carried out
   std::chrono::nanoseconds lateBy{0};          // the answer, and every report of it, comes so much later
@@ -37,6 +41,8 @@ struct Faults {
   std::optional<std::string> identity{};      // takes the place of the model's, 1 to 6 characters
   std::optional<std::size_t> endless{};       // so many bytes, the start mark first, no end mark
   bool falseStart = false;                    // stray bytes and the beginning of another frame come first
+  bool emptyDump = false;                     // a memory dump lists no record
+  bool endlessDump = false;                   // made-up records come in place of a memory dump's end record
 
   // On the USB link.
   std::optional<std::size_t> dropReport{};    // left out: the following one comes in its place

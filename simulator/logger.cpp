@@ -77,7 +77,14 @@ void Logger::toggleRun(double now) {
     return;
   }
   if (mode_ == LoggerMode::kOff) return;
-  clearMemory();
+  stop();
+  fetched_ = 0;
+  if (mode_ == LoggerMode::kTrend) {
+    points_.clear();
+  } else {
+    memory_.clear();
+    dumped_ = 0;
+  }
   running_ = true;
   nextRun_ = now + (mode_ == LoggerMode::kTrend ? 0.0 : runStep());
 }

@@ -34,7 +34,8 @@ class Logger {
   // Ends a run or a pause, begins new statistics and winds the read-out back; the memory is kept.
   void rewind();
 
-  // Starts a run, which overwrites the memory, or ends the one in progress. Nothing in mode kOff.
+  // Starts a run, which overwrites the memory (a trend the points of the last), or ends the one in
+  // progress. Nothing in mode kOff.
   void toggleRun(double now);
 
   // Ends a run and empties the memory.

@@ -29,9 +29,9 @@ bool isQuantity(std::string_view field) {
   return field.size() <= kQuantityWidth && parseQuantity(field).has_value();
 }
 
-bool takeMethod(LoggerParameters& parameters, std::string_view field) {
+bool takeChoice(int& choice, std::string_view field) {
   if (field != "0" && field != "1") return false;
-  parameters.method = field.front() - '0';
+  choice = field.front() - '0';
   return true;
 }
 
@@ -57,9 +57,9 @@ bool takeQuantity(std::string& quantity, std::string_view field) {
 }
 
 bool takeDataLogger(LoggerParameters& parameters, const std::vector<std::string_view>& fields) {
-  return fields.size() == 4 && takeMethod(parameters, fields[0]) && takeSampleTime(parameters, fields[1]) &&
-         takeAddress(parameters.firstAddress, fields[2]) && takeAddress(parameters.lastAddress, fields[3]) &&
-         parameters.firstAddress <= parameters.lastAddress;
+  return fields.size() == 4 && takeChoice(parameters.method, fields[0]) &&
+         takeSampleTime(parameters, fields[1]) && takeAddress(parameters.firstAddress, fields[2]) &&
+         takeAddress(parameters.lastAddress, fields[3]) && parameters.firstAddress <= parameters.lastAddress;
 }
 
 bool takeRelative(LoggerParameters& parameters, const std::vector<std::string_view>& fields) {
@@ -72,7 +72,7 @@ bool takeCompare(LoggerParameters& parameters, const std::vector<std::string_vie
 }
 
 bool takeTrend(LoggerParameters& parameters, const std::vector<std::string_view>& fields) {
-  return fields.size() == 3 && takeMethod(parameters, fields[0]) &&
+  return fields.size() == 3 && takeChoice(parameters.plotMode, fields[0]) &&
          takeQuantity(parameters.trendOffset, fields[1]) &&
          takeQuantity(parameters.trendDivision, fields[2]) && *parseQuantity(fields[2]) > 0.0;
 }
@@ -116,7 +116,6 @@ std::optional<LoggerParameters> withFields(const LoggerParameters& parameters, L
 }
 
 std::string parameterText(const LoggerParameters& parameters, LoggerMode mode) {
-  const std::string method = std::to_string(parameters.method);
   switch (mode) {
     case LoggerMode::kRecord:
       return {};
@@ -125,14 +124,14 @@ std::string parameterText(const LoggerParameters& parameters, LoggerMode mode) {
     case LoggerMode::kCompare:
       return blankPadded(parameters.highLimit) + ":" + blankPadded(parameters.lowLimit);
     case LoggerMode::kTrend:
-      return method + ":" + blankPadded(parameters.trendOffset) + ":" +
+      return std::to_string(parameters.plotMode) + ":" + blankPadded(parameters.trendOffset) + ":" +
              blankPadded(parameters.trendDivision) + ":" +
              "0123456789AB"[std::clamp(parameters.trendSpan, 0, kLastSpan)];
     case LoggerMode::kOff:
     case LoggerMode::kDataLogger:
       break;
   }
-  return method + ":" + zeroPadded(parameters.sampleTimeText) + ":" +
+  return std::to_string(parameters.method) + ":" + zeroPadded(parameters.sampleTimeText) + ":" +
          zeroPadded(std::to_string(parameters.firstAddress)) + ":" +
          zeroPadded(std::to_string(parameters.lastAddress));
 }

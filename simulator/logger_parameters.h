@@ -12,11 +12,12 @@ inline constexpr int kLoggerCapacity = 10000;
 
 // What the host sets up before a run.
 struct LoggerParameters {
-  int method = 0;           // 0 every sample time, 1 the peak of each sample time; line or dot in a trend
-  double sampleTime = 1.0;  // s, 0.1 to 99999
+  int method = 0;                        // 0 every sample time, 1 the peak of each sample time
+  double sampleTime = 1.0;               // s, 0.1 to 99999
   std::string sampleTimeText = "00001";  // as the host wrote it
   int firstAddress = 0;                  // 0 to lastAddress
   int lastAddress = 999;                 // up to kLoggerCapacity - 1
+  int plotMode = 0;                      // 0 line, 1 dot; for the host's eyes alone
   std::string trendOffset = "4.800V";    // up to 8 characters
   std::string trendDivision = "100mV";
   int trendSpan = 0;  // span code, 0 to 11

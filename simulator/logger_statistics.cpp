@@ -42,8 +42,9 @@ std::string fixed(double value, int decimals) {
 // "+12.34%" in 7 characters.
 std::string percentText(double percent) {
   const double shown = std::clamp(percent, -kLargestPercent, kLargestPercent);
-  const std::string sign = shown < 0.0 ? "" : "+";
-  return rightAligned(sign + fixed(shown, std::abs(shown) < 99.995 ? 2 : 1) + "%", kPercentWidth);
+  const std::string number = fixed(std::abs(shown), std::abs(shown) < 99.995 ? 2 : 1);
+  const bool isZero = number.find_first_of("123456789") == std::string::npos;
+  return rightAligned((shown < 0.0 && !isZero ? "-" : "+") + number + "%", kPercentWidth);
 }
 
 double percentOff(double value, double reference) {

@@ -79,8 +79,7 @@ void SerialEndpoint::unplug() {
 }
 
 void SerialEndpoint::setFaults(const Faults& faults) {
-  faults_ = faults;
-  faultsUsed_ = false;
+  faults_.choose(faults);
   commands_ = 0;
 }
 
@@ -92,17 +91,19 @@ void SerialEndpoint::takeArrivals() {
   }
 }
 
-void SerialEndpoint::beginExchange() {
-  if (faults_.once && faultsUsed_) faults_ = {};
+void SerialEndpoint::beginExchange(const std::string& command) {
+  faults_.begin();
+  faults_.decide(command);
   ++commands_;
   // A hang-up that waits for its command is not over before that.
-  faultsUsed_ = faults_.hangUpAtCommand.value_or(commands_) <= commands_;
+  if (faults_.acting().hangUpAtCommand.value_or(commands_) > commands_) faults_.keep();
 }
 
 void SerialEndpoint::take(const std::string& command, std::chrono::nanoseconds at) {
-  beginExchange();
-  auto bytes = answerBytes(answerText(instrument_, command, faults_), faults_);
-  if (faults_.hangUpAtCommand == commands_) {
+  beginExchange(command);
+  const Faults& faults = faults_.acting();
+  auto bytes = answerBytes(answerText(instrument_, command, faults), faults);
+  if (faults.hangUpAtCommand == commands_) {
     unplug();
   } else if (pieces_.size() < kLongestBacklog) {
     send(std::move(bytes), at);
@@ -110,23 +111,24 @@ void SerialEndpoint::take(const std::string& command, std::chrono::nanoseconds a
 }
 
 void SerialEndpoint::send(std::vector<std::uint8_t> bytes, std::chrono::nanoseconds at) {
-  if (faults_.twice) {
+  const Faults& faults = faults_.acting();
+  if (faults.twice) {
     const std::vector<std::uint8_t> again = bytes;
     bytes.insert(bytes.end(), again.begin(), again.end());
   }
-  const bool hangsUp = faults_.hangUpAtByte.value_or(0) > 0 && *faults_.hangUpAtByte <= bytes.size();
-  if (hangsUp) bytes.resize(*faults_.hangUpAtByte - 1);
+  const bool hangsUp = faults.hangUpAtByte.value_or(0) > 0 && *faults.hangUpAtByte <= bytes.size();
+  if (hangsUp) bytes.resize(*faults.hangUpAtByte - 1);
 
-  const auto start = std::max(at, outboundFree_) + faults_.lateBy;
-  const auto gap = faults_.split ? std::max(*faults_.split, bytesTime(1)) : std::chrono::nanoseconds{0};
+  const auto start = std::max(at, outboundFree_) + faults.lateBy;
+  const auto gap = faults.split ? std::max(*faults.split, bytesTime(1)) : std::chrono::nanoseconds{0};
   const auto passed = [&](std::size_t count) {
-    return start + (faults_.split ? gap * static_cast<std::int64_t>(count) : bytesTime(count));
+    return start + (faults.split ? gap * static_cast<std::int64_t>(count) : bytesTime(count));
   };
-  if (faults_.twice && !faults_.split) {
+  if (faults.twice && !faults.split) {
     pieces_.push_back({bytes, passed(bytes.size()), true});
   } else {
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-      pieces_.push_back({{bytes[i]}, passed(i + 1), faults_.split.has_value(), gap});
+      pieces_.push_back({{bytes[i]}, passed(i + 1), faults.split.has_value(), gap});
     }
   }
   outboundFree_ = passed(bytes.size());

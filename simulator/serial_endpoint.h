@@ -11,7 +11,7 @@
 
 #include "simulator/clock.h"
 #include "simulator/command_collector.h"
-#include "simulator/faults.h"
+#include "simulator/fault_switch.h"
 #include "simulator/instrument.h"
 
 namespace vireon::simulator {
@@ -46,7 +46,7 @@ class SerialEndpoint {
 
   // Replaces all faults; they act from the next command on. `Faults{}` switches them off.
   void setFaults(const Faults& faults);
-  const Faults& faults() const { return faults_; }
+  const Faults& faults() const { return faults_.chosen(); }
 
  private:
   struct Arrival {
@@ -64,7 +64,7 @@ class SerialEndpoint {
   std::chrono::nanoseconds bytesTime(std::size_t count) const;
   void takeArrivals();
   void take(const std::string& command, std::chrono::nanoseconds at);
-  void beginExchange();
+  void beginExchange(const std::string& command);
   void send(std::vector<std::uint8_t> bytes, std::chrono::nanoseconds at);
   std::chrono::nanoseconds dueOf(const Piece& piece) const;
 
@@ -72,14 +72,13 @@ class SerialEndpoint {
   Clock& clock_;
   int baud_;
   CommandCollector collector_;
-  Faults faults_;
+  FaultSwitch faults_;
   std::deque<Arrival> arrivals_;
   std::deque<Piece> pieces_;
   std::chrono::nanoseconds inboundFree_{0};
   std::chrono::nanoseconds outboundFree_{0};
   std::chrono::nanoseconds lastAlone_{0};
   std::size_t commands_ = 0;
-  bool faultsUsed_ = false;
   bool plugged_ = true;
 };
 

@@ -23,7 +23,7 @@ bool UsbEndpoint::write(std::span<const std::uint8_t> payload) {
     collector_.reset();
     sendNext();
   } else if (begins || collector_.collecting()) {
-    take(payload);
+    return take(payload);
   }
   return true;
 }
@@ -65,34 +65,38 @@ void UsbEndpoint::unplug() {
 }
 
 void UsbEndpoint::setFaults(const Faults& faults) {
-  faults_ = faults;
-  faultsUsed_ = false;
+  faults_.choose(faults);
 }
 
 bool UsbEndpoint::passes() {
   ++exchangeReports_;
-  if (faults_.unplugAtReport != exchangeReports_) return true;
+  if (faults_.acting().unplugAtReport != exchangeReports_) return true;
   unplug();
   return false;
 }
 
 void UsbEndpoint::beginExchange() {
-  if (faults_.once && faultsUsed_) faults_ = {};
-  faultsUsed_ = true;
+  faults_.begin();
   exchangeReports_ = 0;
   unsent_.clear();
   collector_.reset();
 }
 
-void UsbEndpoint::take(std::span<const std::uint8_t> bytes) {
+bool UsbEndpoint::take(std::span<const std::uint8_t> bytes) {
   for (const std::uint8_t byte : bytes) {
     const auto command = collector_.take(byte);
     if (!command) continue;
-    const std::string text = answerText(instrument_, *command, faults_);
-    unsent_ = cutter_.cut(text, faults_);
+    faults_.decide(*command);
+    const Faults& faults = faults_.acting();
+    if (faults.unplugAtReport && *faults.unplugAtReport <= exchangeReports_) {
+      unplug();
+      return false;
+    }
+    unsent_ = cutter_.cut(answerText(instrument_, *command, faults), faults);
     sendNext();
-    return;
+    return true;
   }
+  return true;
 }
 
 void UsbEndpoint::sendNext() {
@@ -100,7 +104,7 @@ void UsbEndpoint::sendNext() {
   const AnswerReport report = unsent_.front();
   unsent_.pop_front();
   for (std::size_t copy = 0; copy < report.copies && sent_.size() < kQueueDepth; ++copy) {
-    sent_.push_back({report, clock_.now() + faults_.lateBy});
+    sent_.push_back({report, clock_.now() + faults_.acting().lateBy});
   }
 }
 

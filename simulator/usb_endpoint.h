@@ -10,7 +10,7 @@
 #include "simulator/answer_reports.h"
 #include "simulator/clock.h"
 #include "simulator/command_collector.h"
-#include "simulator/faults.h"
+#include "simulator/fault_switch.h"
 #include "simulator/instrument.h"
 
 namespace vireon::simulator {
@@ -53,7 +53,7 @@ class UsbEndpoint {
 
   // Replaces all faults; they act from the next command on. `Faults{}` switches them off.
   void setFaults(const Faults& faults);
-  const Faults& faults() const { return faults_; }
+  const Faults& faults() const { return faults_.chosen(); }
 
   // Reports of the exchange in progress, or of the last one, that were written and read so far.
   std::size_t exchangeReports() const { return exchangeReports_; }
@@ -67,18 +67,18 @@ class UsbEndpoint {
   // Counts a report of the exchange; false when the device goes on it.
   bool passes();
   void beginExchange();
-  void take(std::span<const std::uint8_t> bytes);
+  // False when the device goes on the command that ends in these bytes.
+  bool take(std::span<const std::uint8_t> bytes);
   void sendNext();
 
   Instrument& instrument_;
   Clock& clock_;
   CommandCollector collector_;
   AnswerCutter cutter_;
-  Faults faults_;
+  FaultSwitch faults_;
   std::deque<AnswerReport> unsent_;
   std::deque<Sent> sent_;
   std::size_t exchangeReports_ = 0;
-  bool faultsUsed_ = false;
   bool plugged_ = true;
 };
 

@@ -143,6 +143,18 @@ TEST(Commands, TheFunctionTextIsKnownToTheK7900Alone) {
   }
 }
 
+TEST(Commands, TheK7900NamesEachOfItsFunctionsIn15Characters) {
+  Bench bench(Model::kK7900);
+  const char* names[] = {"DC VOLTAGE",   "AC VOLTAGE",  "RESISTANCE", "CONTINUITY", "FREQUENCY",
+                         "ENGINE SPEED", "PULSE WIDTH", "DUTY CYCLE", "DWELL ANGLE"};
+  for (int function = 0; function < kFunctionCount; ++function) {
+    std::string text = names[function];
+    text.resize(15, ' ');
+    EXPECT_EQ(bench.ask("DFN0" + std::to_string(function) + ";AFN??"), "afn:" + text);
+  }
+  EXPECT_EQ(bench.ask("DFN08;DFN??;DRM??"), "dfn:08,drm:  36.0deg ");
+}
+
 TEST(Commands, DwellIsAFunctionOfTheK7900Alone) {
   EXPECT_EQ(Bench(Model::kK7900).ask("DFN08;DFN??"), "dfn:08");
   EXPECT_EQ(Bench(Model::kK7310).ask("DFN08;DFN??"), kRefused);

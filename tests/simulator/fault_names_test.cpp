@@ -44,6 +44,11 @@ using F = const Faults&;
 INSTANTIATE_TEST_SUITE_P(
     Table, FaultNames,
     testing::Values(Named{"once", Link::kSerial, [](F f) { return f.once; }},
+                    Named{"on=DPC03", Link::kUsb, [](F f) { return f.onlyOn == "DPC03"; }},
+                    Named{"on=VDA=;x", Link::kSerial, [](F f) { return f.onlyOn == "VDA=;x"; }},
+                    Named{"skip=3", Link::kUsb, [](F f) { return f.skip == 3; }},
+                    Named{"dump-empty", Link::kUsb, [](F f) { return f.emptyDump; }},
+                    Named{"dump-endless", Link::kUsb, [](F f) { return f.endlessDump; }},
                     Named{"silence", Link::kSerial, [](F f) { return f.silence; }},
                     Named{"refuse", Link::kUsb, [](F f) { return f.refuse; }},
                     Named{"code", Link::kSerial, [](F f) { return f.controlCode == 7; }},
@@ -101,14 +106,35 @@ TEST(FaultLists, ComplainAboutAFaultOfTheOtherLink) {
 
 TEST(FaultLists, ComplainAboutAWrongValueAndShowTheRightForm) {
   EXPECT_EQ(complaint("short=1", Link::kUsb), "the fault \"short=1\" is not written as short=N:LENGTH");
-  for (const char* const list : {"silence=1",     "silence=",         "none=1",
-                                 "late",          "late=0",           "late=x",
-                                 "late=-5",       "late=600001",      "cut",
-                                 "cut=",          "cut=1x",           "code=2",
-                                 "code=3",        "code=256",         "code=",
-                                 "garbage=0",     "endless=0",        "identity=TOOLONG",
-                                 "identity=\x01", "split=-1",         "hangup-byte=0",
-                                 "hangup-byte",   "hangup-command=0", "cut=99999999999999999999"}) {
+  for (const char* const list : {"silence=1",
+                                 "silence=",
+                                 "on",
+                                 "on=",
+                                 "skip",
+                                 "skip=0",
+                                 "dump-empty=1",
+                                 "none=1",
+                                 "late",
+                                 "late=0",
+                                 "late=x",
+                                 "late=-5",
+                                 "late=600001",
+                                 "cut",
+                                 "cut=",
+                                 "cut=1x",
+                                 "code=2",
+                                 "code=3",
+                                 "code=256",
+                                 "code=",
+                                 "garbage=0",
+                                 "endless=0",
+                                 "identity=TOOLONG",
+                                 "identity=\x01",
+                                 "split=-1",
+                                 "hangup-byte=0",
+                                 "hangup-byte",
+                                 "hangup-command=0",
+                                 "cut=99999999999999999999"}) {
     EXPECT_NE(complaint(list, Link::kSerial).find("is not written as"), std::string::npos) << list;
   }
   for (const char* const list :

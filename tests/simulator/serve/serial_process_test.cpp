@@ -137,6 +137,18 @@ INSTANTIATE_TEST_SUITE_P(Table, SerialProcessFault,
                                          Seen{"endless=602", "\x02sim:K7310 " + std::string(591, 'a')},
                                          Seen{"identity=Q1", framed("sim:Q1    ")}, Seen{"none", kIdentity}));
 
+TEST(SerialProcess, TheReadOutAloneIsSpoiltByControlLines) {
+  Port port;
+  TerminalHost host(port.path);
+  ASSERT_EQ(port.process.control("fault on=DPC03,refuse"), "");
+  EXPECT_EQ(host.exchange("DPC03", 3), framed("\x05"));
+  EXPECT_EQ(host.exchange("SIM??", kIdentity.size()), kIdentity);
+  ASSERT_EQ(port.process.control("fault dump-empty"), "");
+  EXPECT_EQ(host.exchange("DPC03", 6), framed("lgd:"));
+  ASSERT_EQ(port.process.control("fault dump-endless"), "");
+  EXPECT_EQ(host.exchange("DPC03", 582).substr(1, 18), "lgd:00000 00:00:00");
+}
+
 TEST(SerialProcess, GarbageComesInItsLengthWithItsEndMark) {
   Port port({"--fault", "garbage=100"});
   TerminalHost host(port.path);
