@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "tests/simulator/logger_bench.h"
 
 namespace vireon::simulator::tests {
@@ -48,6 +50,10 @@ struct Listed {
   double frequency;
   double ohms;
   const char* remark;
+
+  friend std::ostream& operator<<(std::ostream& out, const Listed& shown) {
+    return out << "function " << shown.function << ", " << shown.remark;
+  }
 };
 
 class DumpCode : public testing::TestWithParam<Listed> {};
