@@ -16,9 +16,11 @@ Program::Program(const ProgramPorts& ports, const std::string& folder)
       longWork(form, state, connection.operations(), ports.pump),
       waveform(form, state, interpreter),
       scopeControls(form, state, connection),
-      meterControls(form, state, connection, ports.clock),
+      meterControls(form, state, connection, ports.clock, ports.messages),
       sampling(form, state, link, connection),
-      loggerControls(form, state, connection, sampling),
+      recordListing(form, state, ports.beeper),
+      recall(form, state, connection, longWork, recordListing),
+      loggerControls(form, state, connection, sampling, recall, ports.messages),
       pump_(ports.pump),
       messages_(ports.messages),
       searchView_(ports.searchView),
@@ -39,6 +41,7 @@ void Program::tie() {
   interpreter.effects.setSubPan = [this](int mode) { meter::setSubPan(form, mode); };
   interpreter.effects.setTabPan = [this] { meter::setTabPan(form); };
   dispatcher.sinks.scopeDraw = [this] { waveform.scopeDraw(); };
+  dispatcher.sinks.dspLog = [this] { recordListing.dspLog(); };
 
   scopeControls.connectEvents();
   meterControls.connectEvents();

@@ -12,6 +12,8 @@
 #include "link/long_work.h"
 #include "meter/logger_controls.h"
 #include "meter/meter_controls.h"
+#include "meter/recall.h"
+#include "meter/record_listing.h"
 #include "meter/sampling.h"
 #include "platform/beeper.h"
 #include "platform/file_store.h"
@@ -77,6 +79,8 @@ class Program {
   scope::ScopeControls scopeControls;
   meter::MeterControls meterControls;
   meter::Sampling sampling;
+  meter::RecordListing recordListing;
+  meter::Recall recall;
   meter::LoggerControls loggerControls;
 
  private:

@@ -1,6 +1,7 @@
 #include "form/fields.h"
 
 #include "form/control_visitor.h"
+#include "form/text_encoding.h"
 
 namespace vireon::form {
 
@@ -9,6 +10,16 @@ void Label::accept(ControlVisitor& visitor) {
 }
 
 void TextBox::setText(std::string text) {
+  take(std::move(text), true);
+}
+
+void TextBox::type(std::string_view utf8) {
+  Text1252 typed = text1252FromUtf8(utf8);
+  take(std::move(typed.text), typed.complete);
+}
+
+void TextBox::take(std::string text, bool complete) {
+  assign(complete_, complete);
   if (assign(text_, std::move(text))) {
     raise(onChange);
   }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -34,6 +35,11 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   // Raises onChange when the text is a new one.
   void setText(std::string text);
+
+  // Takes over what the user made of the text, UTF-8. A letter that code page 1252 lacks is "?" in text(),
+  // and complete() is False until it is gone.
+  void type(std::string_view utf8);
+  bool complete() const { return complete_; }
   bool readOnly() const { return readOnly_; }
   void setReadOnly(bool readOnly) { assign(readOnly_, readOnly); }
 
@@ -56,7 +62,10 @@ class TextBox : public Control {
   bool isInput() const override { return true; }
 
  private:
+  void take(std::string text, bool complete);
+
   std::string text_;
+  bool complete_ = true;
   bool readOnly_ = false;
 };
 

@@ -1,6 +1,8 @@
 #include "form/grid.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "form/control_visitor.h"
 
@@ -10,9 +12,13 @@ void Grid::setRows(int rows) {
   if (rows < 1) {
     throw Fault(FaultKind::kPropertyValue);
   }
+  if (rows == rows_) {
+    return;
+  }
   cells_.resize(static_cast<std::size_t>(rows) * columns_.size());
-  rows_ = rows;
+  const int former = std::exchange(rows_, rows);
   topRow_ = std::clamp(topRow_, 1, std::max(1, rows - 1));
+  changed(former, rows - 1);
   touch();
 }
 
@@ -22,6 +28,7 @@ void Grid::setColumns(int columns) {
   }
   columns_.resize(static_cast<std::size_t>(columns));
   cells_.assign(static_cast<std::size_t>(rows_) * columns_.size(), {});
+  changed(0, rows_ - 1);
   touch();
 }
 
@@ -30,12 +37,28 @@ const std::string& Grid::text(int row, int column) const {
 }
 
 void Grid::setText(int row, int column, std::string text) {
-  assign(cells_[cell(row, column)], std::move(text));
+  if (assign(cells_[cell(row, column)], std::move(text))) {
+    changed(row, row);
+  }
 }
 
-void Grid::clear() {
-  std::fill(cells_.begin(), cells_.end(), std::string());
+void Grid::clear(int firstRow) {
+  std::fill(cells_.begin() + static_cast<std::ptrdiff_t>(cell(firstRow, 0)), cells_.end(), std::string());
+  changed(firstRow, rows_ - 1);
   touch();
+}
+
+RowRange Grid::takeChanges() {
+  const RowRange changes = std::exchange(changes_, {});
+  return {changes.first, std::min(changes.last, rows_ - 1)};
+}
+
+void Grid::changed(int firstRow, int lastRow) {
+  if (firstRow <= lastRow) {
+    changes_ = changes_.empty()
+                   ? RowRange{firstRow, lastRow}
+                   : RowRange{std::min(changes_.first, firstRow), std::max(changes_.last, lastRow)};
+  }
 }
 
 void Grid::setTopRow(int row) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,13 +12,21 @@ namespace vireon::form {
 // How a column's texts stand in their cells.
 enum class Alignment { kLeft, kCenter };
 
-// A list grid; row 0 is the header row.
+// Rows `first` to `last`; none where `first` is beyond `last`.
+struct RowRange {
+  int first = 0;
+  int last = -1;
+  bool empty() const { return first > last; }
+};
+
+// A list grid; row 0 is the header row. Its cells, unlike the texts of all other controls, are UTF-8.
 class Grid : public Control {
  public:
   Grid(Form& form, std::string name) : Control(form, std::move(name)) {}
 
   int rows() const { return rows_; }
-  // Keeps the cells of the rows that stay; new rows are empty. Faults (kPropertyValue) below 1.
+  // Keeps the cells of the rows that stay; new rows are empty. One row more costs the same in a grid of any
+  // size. Faults (kPropertyValue) below 1.
   void setRows(int rows);
   int columns() const { return static_cast<int>(columns_.size()); }
   // Changes the columns and empties all cells. Faults (kPropertyValue) below 1.
@@ -26,8 +35,11 @@ class Grid : public Control {
   // Faults (kBounds) outside the rows and columns.
   const std::string& text(int row, int column) const;
   void setText(int row, int column, std::string text);
-  // Empties every cell, the header row's too.
-  void clear();
+  // Empties the cells from a row on: from 0 the header row's too.
+  void clear(int firstRow = 0);
+
+  // The rows whose cells may have changed since the last call, new ones included; for the view of the grid.
+  RowRange takeChanges();
 
   // First row shown below the header. Faults (kPropertyValue) outside 1 to rows-1.
   int topRow() const { return topRow_; }
@@ -49,11 +61,13 @@ class Grid : public Control {
 
   std::size_t checkedColumn(int column) const;
   std::size_t cell(int row, int column) const;
+  void changed(int firstRow, int lastRow);
 
   int rows_ = 1;
   int topRow_ = 1;
   std::vector<Column> columns_{Column{}};
-  std::vector<std::string> cells_{""};
+  std::deque<std::string> cells_{""};  // row by row; grows without moving what is there
+  RowRange changes_{0, 0};
 };
 
 }  // namespace vireon::form

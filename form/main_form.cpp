@@ -101,6 +101,9 @@ void MainForm::startLogger() {
   cmdSub[0].setCaption("Reset");
   cmdSub[1].setCaption("Reset");
   chkSub.setCaption("Pause");
+  mnuClrMem.setCaption("Clear Memory...");
+  mnuSmm[0].setCaption("Sample Method: Time");
+  mnuSmm[1].setCaption("Sample Method: Peak");
   lblDttl.setCaption(" DATA LOGGER ");
   optFmt[0].setCaption("txt");
   optFmt[1].setCaption("xls");

@@ -97,6 +97,8 @@ class MainForm : public Form {
   ControlArray<Label, 5> lblYdg{*this, "lblYdg"};
   ControlArray<Button, 2> cmdSub{*this, "cmdSub"};
   CheckBox chkSub{*this, "chkSub"};
+  Button mnuClrMem{*this, "mnuClrMem"};             // empties the instrument's memory
+  ControlArray<Button, 2> mnuSmm{*this, "mnuSmm"};  // sample method, 0 time, 1 peak
   Label lblDttl{*this, "lblDttl"};
   Grid grdLog{*this, "grdLog"};
   PictureBox panTrd{*this, "panTrd"};

@@ -7,6 +7,9 @@
 namespace vireon::form {
 
 void Ranged::setRange(int minimum, int maximum) {
+  if (minimum > maximum) {
+    throw Fault(FaultKind::kPropertyValue);
+  }
   assign(minimum_, minimum);
   assign(maximum_, maximum);
   assign(value_, std::clamp(value_, minimum, maximum));

@@ -14,7 +14,8 @@ class Ranged : public Control {
 
   int minimum() const { return minimum_; }
   int maximum() const { return maximum_; }
-  // Sets both ends; a value outside moves to the nearer end, without an event.
+  // Sets both ends; a value outside moves to the nearer end, without an event. Faults (kPropertyValue) when
+  // the minimum is above the maximum.
   void setRange(int minimum, int maximum);
 
   int value() const { return value_; }

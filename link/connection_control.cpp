@@ -43,11 +43,25 @@ bool ConnectionControl::transKcmd(std::string_view command) {
 }
 
 bool ConnectionControl::transUsbOnly(std::string_view command) {
-  if (link_.onUsb()) {
-    return trans_usb(command);
+  return !onUsbOrSaysSo() || trans_usb(command);
+}
+
+bool ConnectionControl::onUsbOrSaysSo() {
+  if (!link_.onUsb()) {
+    form_.StatusBar1.setPanel(1, kUsbOnly);
   }
-  form_.StatusBar1.setPanel(1, kUsbOnly);
-  return true;
+  return link_.onUsb();
+}
+
+Outcome ConnectionControl::ask(std::string_view command) {
+  state_.enqSeen = false;
+  if (!onUsbOrSaysSo() || !trans_usb(command)) {
+    return Outcome::kFailed;
+  }
+  if (link_.usbResult != 1) {
+    return Outcome::kIncomplete;
+  }
+  return state_.enqSeen ? Outcome::kRefused : Outcome::kAnswered;
 }
 
 void ConnectionControl::usbFail() {

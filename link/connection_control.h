@@ -25,6 +25,14 @@ struct LinkPorts {
   platform::SearchView& searchView;
 };
 
+// What became of a command.
+enum class Outcome {
+  kAnswered,
+  kRefused,     // by the instrument
+  kIncomplete,  // the answer was longer than any; none of it was taken in
+  kFailed,      // the link failed and the user has been told
+};
+
 // The failure that led to a settings query.
 struct ErrorRecord {
   int number = 0;
@@ -54,6 +62,13 @@ class ConnectionControl {
 
   // Sends over USB only: on a serial link nothing is sent and status-bar panel 1 says so.
   bool transUsbOnly(std::string_view command);
+
+  // Whether the active link is USB; where it is not, status-bar panel 1 says that this needs it.
+  bool onUsbOrSaysSo();
+
+  // Sends over USB, without a beep, and tells what became of it; forgets earlier refusals (enqSeen). On a
+  // serial link kFailed, and status-bar panel 1 says why.
+  Outcome ask(std::string_view command);
 
   // Closes the device, falls back to the disconnected state and tells the user, unless failuresAreTold is
   // False.

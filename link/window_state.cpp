@@ -18,6 +18,9 @@ void showConnected(form::MainForm& form, bool connected) {
   form.panScon.setEnabled(connected);
   form.cmdStart.setEnabled(connected);
   form.txtSTime.setEnabled(connected);
+  if (!connected) {
+    form.cmdLoad[1].setEnabled(true);
+  }
 }
 
 void showLamps(form::MainForm& form, form::Color transmit, form::Color receive) {

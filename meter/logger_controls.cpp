@@ -2,16 +2,17 @@
 
 #include <string>
 
+#include "meter/parameter_check.h"
 #include "protocol/reply_text.h"
 #include "protocol/vocabulary.h"
-#include "scope/scale_tables.h"
 
 namespace vireon::meter {
 namespace {
 
 constexpr int kTrendFull = 119;  // value of barTrd when the plot holds its 120 points
 constexpr int kLastMemory = 15;
-constexpr int kEmptyGridRows = 13;
+constexpr int kDataLogger = 0;  // list positions of cmbDmod
+constexpr int kTrendPlot = 4;
 
 }  // namespace
 
@@ -19,15 +20,48 @@ void LoggerControls::connectEvents() {
   form_.cmdLog.onEach(&form::Button::onClick, [this](int index) { cmdLog_Click(index); });
   form_.cmdSub.onEach(&form::Button::onClick, [this](int index) { cmdSub_Click(index); });
   form_.madUD.onEach(&form::Button::onClick, [this](int index) { madUD_Click(index); });
+  form_.mnuSmm.onEach(&form::Button::onClick, [this](int index) { setSmm(index); });
+  form_.mnuClrMem.onClick = [this] { mnuClrMem_Click(); };
+  form_.chkLog0.onClick = [this] { chkLog0_Click(); };
   form_.chkLog1.onClick = [this] { chkLog1_Click(); };
   form_.chkSub.onClick = [this] { chkSub_Click(); };
   form_.chkMld.onClick = [this] { chkMld_Click(); };
+}
+
+void LoggerControls::chkLog0_Click() {
+  if (state_.uiBusy) {
+    return;
+  }
+  if (recall_.running()) {
+    recall_.cancel();
+    return;
+  }
+  const int mode = form_.cmbDmod.listIndex();
+  const bool recalls = mode == kDataLogger || mode == kTrendPlot;
+  if (form_.chkLog0.value() == 1 && form_.chkMld.value() != 1 && recalls && link_.onUsbOrSaysSo()) {
+    if (mode == kDataLogger) {
+      recall_.download();
+    } else {
+      link_.transUsbOnly("TRD??");
+    }
+  }
+  const protocol::UiBusyScope busy(state_);
+  form_.chkLog0.setValue(0);
 }
 
 void LoggerControls::chkLog1_Click() {
   if (state_.uiBusy) {
     return;
   }
+  if (link_.onUsbOrSaysSo()) {
+    record();
+  }
+  // The user's press counts only as far as the instrument has taken it up.
+  const protocol::UiBusyScope busy(state_);
+  form_.chkLog1.setValue(form_.chkLog1.caption() == "Start" ? 0 : 1);
+}
+
+void LoggerControls::record() {
   if (form_.panTrd.visible() && form_.barTrd.value() == kTrendFull) {
     form_.cmdLoad[1].setEnabled(true);
     form_.StatusBar1.setPanel(1, "The trend plot is full: press \"Clr\" first");
@@ -49,31 +83,25 @@ void LoggerControls::cmdLog_Click(int index) {
     sendParameters();
     return;
   }
-  prepareGrid();
-  link_.transUsbOnly("DPC02;STS??");
+  if (link_.onUsbOrSaysSo() && recall_.clearList() == link::Outcome::kRefused) {
+    form_.StatusBar1.setPanel(1, "Refused by the instrument: the list is kept");
+  }
 }
 
 void LoggerControls::sendParameters() {
-  std::string command = form_.optLog[0].value() ? "DPS0," : "DPS1,";
-  command += form_.txtLog[0].text() + "," + form_.txtLog[1].text();
   const int mode = form_.cmbDmod.listIndex();
-  if (mode == 0) {
-    command += "," + form_.txtLog[2].text();
+  if ((mode != kDataLogger && mode != kTrendPlot) || !link_.onUsbOrSaysSo()) {
+    return;
   }
-  if (mode == 0 || mode == 4) {
-    link_.transUsbOnly(command + ";DPS??");
+  std::string command = form_.optLog[0].value() ? "DPS0" : "DPS1";
+  const int fields = mode == kDataLogger ? 3 : 2;
+  for (int field = 0; field < fields; ++field) {
+    if (!accepts(form_.txtLog[field], form_.lblSrdg[field + 1], messages_)) {
+      return;
+    }
+    command += "," + form_.txtLog[field].text();
   }
-}
-
-void LoggerControls::prepareGrid() {
-  form_.grdLog.setRows(kEmptyGridRows);
-  form_.grdLog.clear();
-  form_.grdLog.setTopRow(1);
-  scope::writeGridHeader(form_.grdLog);
-  form_.picTrd.cls();
-  form_.barTrd.setValue(0);
-  state_.logRow = 1;
-  state_.logEnd = false;
+  link_.transUsbOnly(command + ";DPS??");
 }
 
 void LoggerControls::cmdSub_Click(int index) {
@@ -83,6 +111,34 @@ void LoggerControls::cmdSub_Click(int index) {
 void LoggerControls::chkSub_Click() {
   if (!state_.uiBusy) {
     link_.transUsbOnly("DPC01");
+  }
+}
+
+void LoggerControls::mnuClrMem_Click() {
+  if (!link_.onUsbOrSaysSo()) {
+    return;
+  }
+  const auto answer =
+      messages_.show({"Clear Memory", "Clear the instrument's memory? The records in it will be lost.",
+                      platform::MessageIcon::kExclamation, platform::MessageButtons::kYesNo});
+  if (answer == platform::MessageAnswer::kYes) {
+    clrMem();
+  }
+}
+
+void LoggerControls::clrMem() {
+  link_.transUsbOnly("DRC01;STS??");
+}
+
+void LoggerControls::setSmm(int method) {
+  if (method < 0 || method >= form_.mnuSmm.size()) {
+    throw form::Fault(form::FaultKind::kPropertyValue);
+  }
+  if (state_.uiBusy || form_.chkMld.value() == 1) {
+    return;
+  }
+  if (link_.transUsbOnly("SMM??")) {
+    link_.transUsbOnly("SMM0" + std::to_string(method));
   }
 }
 

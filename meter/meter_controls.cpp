@@ -5,6 +5,7 @@
 #include <string>
 
 #include "meter/panel_layouts.h"
+#include "meter/parameter_check.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::meter {
@@ -118,9 +119,19 @@ void MeterControls::cmdSet_Click(int index) {
     form_.picSwin[1].setVisible(true);
     return;
   }
-  std::string command = "DPS" + withoutTrailingBlanks(form_.txtSet[0].text());
-  if (form_.txtSet[1].visible()) {
-    command += "," + withoutTrailingBlanks(form_.txtSet[1].text());
+  if (link_.onUsbOrSaysSo()) {
+    sendReferenceOrLimits();
+  }
+}
+
+void MeterControls::sendReferenceOrLimits() {
+  std::string command = "DPS";
+  const int values = form_.txtSet[1].visible() ? 2 : 1;
+  for (int value = 0; value < values; ++value) {
+    if (!accepts(form_.txtSet[value], form_.lblSet[value], messages_)) {
+      return;
+    }
+    command += (value == 0 ? "" : ",") + withoutTrailingBlanks(form_.txtSet[value].text());
   }
   link_.transUsbOnly(command);
 }

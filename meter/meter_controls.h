@@ -2,6 +2,7 @@
 
 #include "form/main_form.h"
 #include "link/connection_control.h"
+#include "platform/message_box.h"
 #include "platform/wall_clock.h"
 #include "protocol/instrument_state.h"
 
@@ -12,8 +13,8 @@ namespace vireon::meter {
 class MeterControls {
  public:
   MeterControls(form::MainForm& form, protocol::InstrumentState& state, link::ConnectionControl& link,
-                const platform::WallClock& clock)
-      : form_(form), state_(state), link_(link), clock_(clock) {}
+                const platform::WallClock& clock, platform::MessageBoxes& messages)
+      : form_(form), state_(state), link_(link), clock_(clock), messages_(messages) {}
 
   // Makes the meter's controls call these handlers.
   void connectEvents();
@@ -32,11 +33,13 @@ class MeterControls {
  private:
   bool trendPlot() const { return form_.cmbDmod.listIndex() == 4; }
   void clearTrend();
+  void sendReferenceOrLimits();
 
   form::MainForm& form_;
   protocol::InstrumentState& state_;
   link::ConnectionControl& link_;
   const platform::WallClock& clock_;
+  platform::MessageBoxes& messages_;
 };
 
 }  // namespace vireon::meter

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "link/window_state.h"
+#include "protocol/record_list.h"
 #include "protocol/reply_text.h"
 #include "protocol/vocabulary.h"
 
@@ -101,7 +102,7 @@ void Sampling::tmrInt_Timer() {
 void Sampling::fetchWaitingRecord() {
   state_.memFull = false;
   if (link_.trans_usb(protocol::kPollRecord) && state_.logEnd) {
-    form_.grdLog.setText(state_.logRow, 1, "--EOD--");
+    protocol::markEnd(form_.grdLog, state_.logRow, protocol::kEndOfPoll);
     form_.cmdLoad[1].setEnabled(true);
   }
 }

@@ -1,6 +1,7 @@
-#include <algorithm>
 #include <cmath>
 
+#include "form/text_encoding.h"
+#include "protocol/record_list.h"
 #include "protocol/reply_interpreter.h"
 #include "protocol/reply_text.h"
 
@@ -32,8 +33,11 @@ void ReplyInterpreter::trendPoint(std::string_view item) {
   state_.trdCnt = decimalValue(slice(item, 5, 7));
   form_.barTrd.setValue(state_.trdCnt);
   const auto point = static_cast<std::size_t>(state_.trdCnt);
+  if (point == 0) {
+    form_.picTrd.cls();
+  }
   state_.trdBuf[point] = "&H" + std::string(slice(item, 9, 10));
-  if (state_.trdCnt != 0) {
+  if (point != 0) {
     form_.picTrd.line(trendX(state_.trdCnt - 1), trendY(state_.trdBuf[point - 1]), trendX(state_.trdCnt),
                       trendY(state_.trdBuf[point]), form::kRed);
   }
@@ -43,14 +47,16 @@ void ReplyInterpreter::trendPoint(std::string_view item) {
 }
 
 void ReplyInterpreter::loggerRecord(std::string_view item) {
-  form::Grid& grid = form_.grdLog;
-  grid.setText(state_.logRow, 0, std::string(slice(item, 5, 9)));
-  grid.setText(state_.logRow, 1, std::string(slice(item, 10, 17)));
-  grid.setText(state_.logRow, 2, std::string(slice(item, 18, 25)));
-  if (state_.logRow > 10) {
-    grid.setRows(state_.logRow + 3);
-    grid.setTopRow(std::min(grid.topRow() + 1, grid.rows() - 1));
+  form::Grid& list = form_.grdLog;
+  makeRoom(list, state_.logRow);
+  if (state_.logRow == 1) {
+    list.clear(1);
+    list.setTopRow(1);
   }
+  list.setText(state_.logRow, kRecordColumn, form::utf8From1252(slice(item, 5, 9)));
+  list.setText(state_.logRow, kTimeColumn, form::utf8From1252(slice(item, 10, 17)));
+  list.setText(state_.logRow, kReadingColumn, form::utf8From1252(slice(item, 18, 25)));
+  followRecord(list, state_.logRow);
   ++state_.logRow;
 }
 
@@ -64,6 +70,7 @@ void ReplyInterpreter::dfn(std::string_view item, int byte) {
   const int mode = decimalValue(slice(item, 5, 5));
   if (mode == 0) {
     showTab(0);
+    showRecording(form_, false);
     return;
   }
   showTab(1);
@@ -76,8 +83,7 @@ void ReplyInterpreter::dfn(std::string_view item, int byte) {
   } else {
     enterListMode();
   }
-  form_.chkLog1.setCaption("Start");
-  form_.chkLog1.setBackColor(form::kButtonFace);
+  showRecording(form_, false);
 }
 
 void ReplyInterpreter::showTab(int tab) {
@@ -112,23 +118,21 @@ void ReplyInterpreter::enterListMode() {
 }
 
 void ReplyInterpreter::loggingStatus(int byte) {
-  form::CheckBox& record = form_.chkLog1;
+  const bool recorded = form_.chkLog1.caption() == "Stop";
   if ((byte & 16) != 0) {
-    if (record.caption() != "Stop") {
-      record.setCaption("Stop");
-      record.setBackColor(form::kYellow);
+    if (!recorded) {
+      showRecording(form_, true);
     }
   } else {
-    if (record.caption() == "Stop") {
-      form_.grdLog.setText(state_.logRow, 1, "--EOD---");
+    if (recorded) {
+      markEnd(form_.grdLog, state_.logRow, kEndOfData);
       if (state_.logEnd) {
         form_.cmdLoad[1].setEnabled(true);
       }
       state_.logEnd = true;
       beeper_.beep();
     }
-    record.setCaption("Start");
-    record.setBackColor(form::kButtonFace);
+    showRecording(form_, false);
   }
   if ((byte & 64) != 0) {
     state_.memFull = true;

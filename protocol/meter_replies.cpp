@@ -17,6 +17,8 @@ constexpr Field kResultFields[3][5] = {
     {{5, 12}, {13, 20}, {21, 28}, {29, 34}, {35, 42}},
 };
 
+constexpr std::size_t kTrendSpans = 12;  // codes with a label
+
 std::string text(std::string_view item, Field field) {
   return std::string(slice(item, field.first, field.last));
 }
@@ -46,7 +48,7 @@ void ReplyInterpreter::dps(std::string_view item, int /*byte*/) {
       }
       break;
     case 3:
-      if (form_.picSwin[0].visible()) {
+      if (form_.picSwin[0].visible() || form_.picSet.visible()) {
         form_.txtSet[0].setText(text(item, {5, 12}));
         form_.txtSet[1].setText(text(item, {14, 21}));
       }
@@ -70,6 +72,9 @@ void ReplyInterpreter::trendParameters(std::string_view item) {
   if (span < state_.labels.trdSpanLbl.size()) {
     form_.lblStm.setCaption(state_.labels.trdSpanLbl[span]);
     form_.vdtrd[3].setCaption(form_.lblStm.caption());
+  }
+  if (span < kTrendSpans) {
+    state_.labels.trdSpan = static_cast<int>(span);
   }
 }
 

@@ -64,4 +64,10 @@ void showToggle(form::CheckBox& box, bool on) {
   box.setForeColor(on ? form::kRed : form::kButtonText);
 }
 
+void showRecording(form::MainForm& form, bool recording) {
+  form.chkLog1.setCaption(recording ? "Stop" : "Start");
+  form.chkLog1.setBackColor(recording ? form::kYellow : form::kButtonFace);
+  form.chkLog1.setValue(recording ? 1 : 0);
+}
+
 }  // namespace vireon::protocol

@@ -76,4 +76,7 @@ class ReplyInterpreter {
 // Value 1 in red, or value 0 in the system's button-text colour.
 void showToggle(form::CheckBox& box, bool on);
 
+// The record button: a pressed yellow "Stop" while the instrument records, else "Start". Under uiBusy.
+void showRecording(form::MainForm& form, bool recording);
+
 }  // namespace vireon::protocol

@@ -41,6 +41,17 @@ ButtonBinding::ButtonBinding(const form::Button& control, QAbstractButton& widge
   QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&control] { control.click(); });
 }
 
+ActionBinding::ActionBinding(const form::Button& control, QAction& action)
+    : Binding(nullptr), control_(control), action_(action) {
+  QObject::connect(&action, &QAction::triggered, &action, [&control] { control.click(); });
+}
+
+void ActionBinding::show() {
+  action_.setText(shown(control_.caption()));
+  action_.setEnabled(control_.takesInput());
+  action_.setVisible(control_.visible());
+}
+
 CheckBoxBinding::CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget)
     : CaptionBinding(control, widget), control_(control) {
   for (QWidget* other : widget.window()->findChildren<QWidget*>()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAction>
 #include <vector>
 
 #include "adapters/qt/binding.h"
@@ -27,6 +28,17 @@ class CaptionBinding : public Binding {
 class ButtonBinding : public CaptionBinding {
  public:
   ButtonBinding(const form::Button& control, QAbstractButton& widget);
+};
+
+// A button that is an entry of a menu.
+class ActionBinding : public Binding {
+ public:
+  ActionBinding(const form::Button& control, QAction& action);
+  void show() override;
+
+ private:
+  const form::Button& control_;
+  QAction& action_;
 };
 
 // Labels with the dynamic property "signOf" that names the check box are seen while it is checked.

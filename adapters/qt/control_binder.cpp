@@ -147,7 +147,11 @@ bool ControlBinder::isShown(const form::Control& control) const {
 }
 
 void ControlBinder::visit(form::Button& control) {
-  bind<ButtonBinding, QAbstractButton>(control);
+  if (auto* const action = root_.findChild<QAction*>(shown(control.name()))) {
+    bindings_.emplace(&control, std::make_unique<ActionBinding>(control, *action));
+  } else {
+    bind<ButtonBinding, QAbstractButton>(control);
+  }
 }
 void ControlBinder::visit(form::CheckBox& control) {
   bind<CheckBoxBinding, QAbstractButton>(control);

@@ -6,6 +6,7 @@
 
 #include "adapters/qt/colors.h"
 #include "adapters/qt/text.h"
+#include "form/text_encoding.h"
 
 namespace vireon::adapters {
 
@@ -37,7 +38,7 @@ void LabelBinding::place(const PictureView& picture) {
 TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget)
     : Binding(&widget), control_(control), edit_(widget) {
   connect(&widget, &QLineEdit::textEdited, this, [this](const QString& text) {
-    control_.setText(typed(text));
+    control_.type(typed(text));
     show();
   });
   connect(&widget, &QLineEdit::returnPressed, this, [this] { control_.keyPress('\r'); });
@@ -45,8 +46,11 @@ TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget)
 }
 
 void TextBoxBinding::show() {
+  // A letter that the control has no code for stays as the user typed it.
+  const bool typedHere =
+      !control_.complete() && form::text1252FromUtf8(typed(edit_.text())).text == control_.text();
   const QString text = shown(control_.text());
-  if (edit_.text() != text) {
+  if (edit_.text() != text && !typedHere) {
     edit_.setText(text);
   }
   edit_.setReadOnly(control_.readOnly());

@@ -6,7 +6,7 @@
 
 namespace vireon::adapters {
 
-GridModel::GridModel(const form::Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {
+GridModel::GridModel(form::Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {
   follow();
 }
 
@@ -23,7 +23,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     return {};
   }
   if (role == Qt::DisplayRole) {
-    return shown(grid_.text(index.row() + 1, index.column()));
+    return shownUtf8(grid_.text(index.row() + 1, index.column()));
   }
   if (role == Qt::TextAlignmentRole) {
     const bool centred = grid_.columnAlignment(index.column()) == form::Alignment::kCenter;
@@ -36,10 +36,11 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (role != Qt::DisplayRole || orientation != Qt::Horizontal || section >= grid_.columns()) {
     return {};
   }
-  return shown(grid_.text(0, section));
+  return shownUtf8(grid_.text(0, section));
 }
 
 void GridModel::follow() {
+  const form::RowRange changes = grid_.takeChanges();
   const int rows = grid_.rows() - 1;
   if (grid_.columns() != columns_) {
     beginResetModel();
@@ -48,6 +49,7 @@ void GridModel::follow() {
     endResetModel();
     return;
   }
+  const int kept = std::min(rows_, rows);
   if (rows > rows_) {
     beginInsertRows({}, rows_, rows - 1);
     rows_ = rows;
@@ -57,10 +59,14 @@ void GridModel::follow() {
     rows_ = rows;
     endRemoveRows();
   }
-  if (rows_ > 0 && columns_ > 0) {
-    Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+  const int first = std::max(changes.first, 1) - 1;
+  const int last = std::min(changes.last, kept) - 1;
+  if (first <= last) {
+    Q_EMIT dataChanged(index(first, 0), index(last, columns_ - 1));
   }
-  Q_EMIT headerDataChanged(Qt::Horizontal, 0, std::max(0, columns_ - 1));
+  if (!changes.empty() && changes.first == 0) {
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
+  }
 }
 
 }  // namespace vireon::adapters

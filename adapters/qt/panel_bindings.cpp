@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "adapters/qt/picture_view.h"
 #include "adapters/qt/text.h"
@@ -80,11 +81,12 @@ void StatusBarBinding::show() {
   }
 }
 
-GridBinding::GridBinding(const form::Grid& control, QTableView& widget)
+GridBinding::GridBinding(form::Grid& control, QTableView& widget)
     : Binding(&widget), control_(control), table_(widget), model_(control, nullptr) {
   widget.setModel(&model_);
   widget.verticalHeader()->hide();
   widget.verticalHeader()->setMinimumSectionSize(1);
+  widget.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   widget.horizontalHeader()->setHighlightSections(false);
   widget.horizontalHeader()->setStretchLastSection(true);
   widget.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -92,12 +94,19 @@ GridBinding::GridBinding(const form::Grid& control, QTableView& widget)
 
 void GridBinding::show() {
   model_.follow();
-  table_.verticalHeader()->setDefaultSectionSize(QFontMetrics(table_.font()).height() + 4);
+  // Set anew, a height or width lays the whole table out again.
+  const int height = QFontMetrics(table_.font()).height() + 4;
+  if (table_.verticalHeader()->defaultSectionSize() != height) {
+    table_.verticalHeader()->setDefaultSectionSize(height);
+  }
   const double scale = table_.width() / 324.0;
   for (int column = 0; column < control_.columns(); ++column) {
     const int twips = control_.columnWidth(column);
     const int pixels = twips == 0 ? kDefaultColumnWidth : twips / kTwipsPerPixel;
-    table_.setColumnWidth(column, static_cast<int>(pixels * scale));
+    const int width = static_cast<int>(pixels * scale);
+    if (std::exchange(widths_.emplace(column, 0).first->second, width) != width) {
+      table_.setColumnWidth(column, width);
+    }
   }
   if (topRow_ != control_.topRow()) {
     topRow_ = control_.topRow();

@@ -4,6 +4,7 @@
 #include <QTabBar>
 #include <QTableView>
 #include <array>
+#include <map>
 
 #include "adapters/qt/binding.h"
 #include "adapters/qt/grid_model.h"
@@ -71,13 +72,14 @@ class StatusBarBinding : public Binding {
 
 class GridBinding : public Binding {
  public:
-  GridBinding(const form::Grid& control, QTableView& widget);
+  GridBinding(form::Grid& control, QTableView& widget);
   void show() override;
 
  private:
   const form::Grid& control_;
   QTableView& table_;
   GridModel model_;
+  std::map<int, int> widths_;  // pixels, as set last
   int topRow_ = 1;
 };
 

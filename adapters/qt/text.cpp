@@ -14,13 +14,12 @@ QString shown(std::string_view text) {
   return result;
 }
 
+QString shownUtf8(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 std::string typed(const QString& text) {
-  std::string result;
-  result.reserve(static_cast<std::size_t>(text.size()));
-  for (const QChar character : text) {
-    result += static_cast<char>(form::codeOf(character.unicode()).value_or('?'));
-  }
-  return result;
+  return text.toStdString();
 }
 
 }  // namespace vireon::adapters

@@ -20,7 +20,10 @@ class LoggerPanelControls : public tests::SamplingFixture {
 
   void pressRecord() { form.chkLog1.setValue(1 - form.chkLog1.value()); }
 
-  LoggerControls controls{form, state, connection, sampling};
+  link::LongWork longWork{form, state, connection.operations(), pump};
+  RecordListing listing{form, state, beeper};
+  Recall recall{form, state, connection, longWork, listing};
+  LoggerControls controls{form, state, connection, sampling, recall, messages};
 };
 
 TEST_F(LoggerPanelControls, RecordingStartsOnTheInstrumentWithAPollEveryHalfSecond) {

@@ -84,7 +84,7 @@ class MeterPanel : public tests::MeterFixture {
   bool plotted() const { return !form.picTrd.lines().empty() || form.barTrd.value() != 0; }
 
   tests::FakeWallClock clock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  MeterControls controls{form, state, connection, clock};
+  MeterControls controls{form, state, connection, clock, messages};
 };
 
 TEST_F(MeterPanel, EveryControlSendsItsCommandByItsWay) {
