@@ -76,6 +76,32 @@ TEST(TextBox, KeyPressesAndMouseButtonsReachTheirHandlers) {
   EXPECT_EQ(box.text(), "");
 }
 
+TEST(TextBox, ATypedLetterOutsideTheCodePageLeavesTheTextIncomplete) {
+  Form form("window");
+  TextBox box(form, "txtLog_0");
+  RecordingView view;
+  form.setView(&view);
+  int changes = 0;
+  box.onChange = [&] { ++changes; };
+  box.type("1.5\xCE\xA9");  // ohm
+  EXPECT_EQ(box.text(), "1.5?");
+  EXPECT_FALSE(box.complete());
+  EXPECT_EQ(changes, 1);
+  view.changes.clear();
+  box.setText("1.5?");
+  EXPECT_TRUE(box.complete());
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(view.changes, Names{"txtLog_0"});
+}
+
+TEST(TextBox, TypedLettersAreBytesOfTheCodePage) {
+  Form form("window");
+  TextBox box(form, "txtLog_0");
+  box.type("2\xC2\xB5V\xE2\x82\xAC");  // micro sign, euro sign
+  EXPECT_EQ(box.text(), "2\xB5V\x80");
+  EXPECT_TRUE(box.complete());
+}
+
 class ComboBoxTest : public testing::Test {
  protected:
   ComboBoxTest() {

@@ -28,6 +28,12 @@ class GridTest : public testing::Test {
     view_.changes.clear();
   }
 
+  void expectChanges(int first, int last) {
+    const RowRange changes = grid_.takeChanges();
+    EXPECT_EQ(changes.first, first);
+    EXPECT_EQ(changes.last, last);
+  }
+
   Form form_{"window"};
   Grid grid_{form_, "grdLog"};
   tests::RecordingView view_;
@@ -114,6 +120,62 @@ TEST_F(GridTest, ClearingEmptiesTheHeaderRowToo) {
   EXPECT_EQ(grid_.text(2, 1), "");
   EXPECT_EQ(grid_.rows(), 3);
   EXPECT_EQ(view_.changes, Names{"grdLog"});
+}
+
+TEST_F(GridTest, ClearingFromARowOnKeepsTheRowsAbove) {
+  fill();
+  grid_.takeChanges();
+  grid_.clear(1);
+  EXPECT_EQ(grid_.text(0, 1), "1");
+  EXPECT_EQ(grid_.text(1, 0), "");
+  EXPECT_EQ(grid_.text(2, 1), "");
+  EXPECT_EQ(view_.changes, Names{"grdLog"});
+  expectChanges(1, 2);
+  expectFault(FaultKind::kBounds, [this] { grid_.clear(3); });
+}
+
+TEST_F(GridTest, TheSameNumberOfRowsIsNotToldToTheView) {
+  grid_.setRows(3);
+  EXPECT_EQ(view_.changes, Names{});
+}
+
+TEST_F(GridTest, TellsOnceWhichRowsHaveChanged) {
+  grid_.setRows(20);
+  grid_.takeChanges();
+  EXPECT_TRUE(grid_.takeChanges().empty());
+  grid_.setText(7, 0, "x");
+  grid_.setText(4, 1, "x");
+  grid_.setText(9, 1, "");
+  expectChanges(4, 7);
+  EXPECT_TRUE(grid_.takeChanges().empty());
+}
+
+TEST_F(GridTest, NewRowsAndEmptiedOnesHaveChanged) {
+  grid_.takeChanges();
+  grid_.setRows(5);
+  expectChanges(3, 4);
+  grid_.setColumns(3);
+  expectChanges(0, 4);
+  grid_.clear();
+  expectChanges(0, 4);
+}
+
+TEST_F(GridTest, RowsThatAreGoneHaveNotChanged) {
+  grid_.setRows(9);
+  grid_.setText(8, 0, "x");
+  grid_.setText(2, 0, "x");
+  grid_.setRows(4);
+  grid_.takeChanges();
+  grid_.setText(1, 0, "y");
+  grid_.setText(3, 0, "y");
+  grid_.setRows(2);
+  expectChanges(1, 1);
+}
+
+TEST_F(GridTest, ScrollingChangesNoCell) {
+  grid_.takeChanges();
+  grid_.setTopRow(2);
+  EXPECT_TRUE(grid_.takeChanges().empty());
 }
 
 TEST_F(GridTest, TheTopRowIsOneOfTheRowsBelowTheHeader) {

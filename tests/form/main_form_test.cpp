@@ -70,7 +70,7 @@ TEST(MainForm, ArraysCountFromZeroWithoutAGap) {
                               {"madUD", 2},   {"lblSet", 2},  {"txtSet", 2}, {"cmdSet", 2},  {"picSwin", 2},
                               {"lblSrdg", 4}, {"optLog", 2},  {"txtLog", 3}, {"cmdSud", 2},  {"cmdLog", 2},
                               {"lblXrdg", 5}, {"lblYdg", 5},  {"cmdSub", 2}, {"vdtrd", 8},   {"txtFn", 2},
-                              {"cmdSave", 2}, {"cmdLoad", 2}, {"optFmt", 2}};
+                              {"cmdSave", 2}, {"cmdLoad", 2}, {"optFmt", 2}, {"mnuSmm", 2}};
   const MainForm form;
   std::set<std::string> names;
   for (const Control* control : form.controls()) {
@@ -99,14 +99,15 @@ TEST(MainForm, SingleControlsBearTheirFormNames) {
     }
   }
   std::sort(names.begin(), names.end());
-  EXPECT_EQ(names,
-            (Texts{"SSTab1",  "StatusBar1", "barTrd",    "barWork",  "chkAt",   "chkDmAt", "chkHat",
-                   "chkHold", "chkLog0",    "chkLog1",   "chkMhld",  "chkMld",  "chkSgl",  "chkSub",
-                   "cmbDmod", "cmbFun",     "cmdCancel", "cmdClock", "cmdLprt", "cmdOpen", "cmdSetup",
-                   "cmdSlp",  "cmdSprint",  "cmdStart",  "dmmMrdg",  "dmmMrge", "grdLog",  "lblDmm",
-                   "lblDttl", "lblHd",      "lblStm",    "markT",    "panAfn",  "panDlog", "panScon",
-                   "panTrd",  "picDmm",     "picMscope", "picScope", "picSet",  "picStm",  "picTrd",
-                   "posT",    "sldPosH",    "tmrCom",    "tmrInt",   "trgLvl",  "txtMad",  "txtSTime"}));
+  EXPECT_EQ(
+      names,
+      (Texts{"SSTab1",    "StatusBar1", "barTrd",  "barWork", "chkAt",    "chkDmAt", "chkHat",    "chkHold",
+             "chkLog0",   "chkLog1",    "chkMhld", "chkMld",  "chkSgl",   "chkSub",  "cmbDmod",   "cmbFun",
+             "cmdCancel", "cmdClock",   "cmdLprt", "cmdOpen", "cmdSetup", "cmdSlp",  "cmdSprint", "cmdStart",
+             "dmmMrdg",   "dmmMrge",    "grdLog",  "lblDmm",  "lblDttl",  "lblHd",   "lblStm",    "markT",
+             "mnuClrMem", "panAfn",     "panDlog", "panScon", "panTrd",   "picDmm",  "picMscope", "picScope",
+             "picSet",    "picStm",     "picTrd",  "posT",    "sldPosH",  "tmrCom",  "tmrInt",    "trgLvl",
+             "txtMad",    "txtSTime"}));
 }
 
 TEST(MainForm, TheFrameStartsOnTheScopeTabWithSamplingStopped) {
@@ -205,6 +206,8 @@ TEST(MainForm, TheLoggerPanelStartsWithTheseCaptions) {
   EXPECT_EQ(captionsOf(form.cmdLog), (Texts{"Set", "Clear"}));
   EXPECT_EQ(captionsOf(form.cmdSub), (Texts{"Reset", "Reset"}));
   EXPECT_EQ(form.chkSub.caption(), "Pause");
+  EXPECT_EQ(form.mnuClrMem.caption(), "Clear Memory...");
+  EXPECT_EQ(captionsOf(form.mnuSmm), (Texts{"Sample Method: Time", "Sample Method: Peak"}));
   EXPECT_EQ(form.lblDttl.caption(), " DATA LOGGER ");
   EXPECT_EQ(captionsOf(form.optFmt), (Texts{"txt", "xls"}));
   EXPECT_EQ(form.optFmt.selected(), 0);
@@ -218,6 +221,7 @@ TEST(MainForm, TheFileRowsStartWithAPlaceholder) {
   EXPECT_EQ(textsOf(form.txtFn), (Texts{"File Name", "File Name"}));
   EXPECT_EQ(captionsOf(form.cmdSave), (Texts{"Save", "Save"}));
   EXPECT_EQ(captionsOf(form.cmdLoad), (Texts{"Load", "Load"}));
+  EXPECT_TRUE(form.cmdLoad[1].enabled());
 }
 
 TEST(MainForm, TheLoggerGridStartsWithThirteenRowsOfFourColumns) {

@@ -64,6 +64,16 @@ TEST_F(SliderTest, ANarrowerRangeMovesTheValueToTheNearerEndWithoutAnEvent) {
   EXPECT_TRUE(events_.empty());
 }
 
+TEST_F(SliderTest, ARangeThatEndsBeforeItBeginsIsAFaultThatChangesNothing) {
+  slider_.setValue(7);
+  expectFault(FaultKind::kPropertyValue, [this] { slider_.setRange(10, 9); });
+  EXPECT_EQ(slider_.minimum(), 0);
+  EXPECT_EQ(slider_.maximum(), 255);
+  EXPECT_EQ(slider_.value(), 7);
+  slider_.setRange(9, 9);
+  EXPECT_EQ(slider_.value(), 9);
+}
+
 TEST_F(SliderTest, TheSameRangeIsNotToldToTheView) {
   slider_.setRange(0, 255);
   EXPECT_EQ(view_.changes, Names{});

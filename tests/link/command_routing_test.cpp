@@ -120,6 +120,30 @@ TEST_F(CommandRouting, TheHintThatSomethingWorksOverUsbOnlyGoesWithTheNextComman
   EXPECT_EQ(form.StatusBar1.panel(1), "");
 }
 
+TEST_F(CommandRouting, WhatBecomesOfAnAskedCommandIsTold) {
+  struct Row {
+    std::string wire;
+    Outcome outcome;
+  };
+  connection.onFrame([this] { state.enqSeen = state.enqSeen || state.rxBuf[1] == protocol::kEnq; });
+  for (const Row& row :
+       {Row{tests::framed("\6"), Outcome::kAnswered}, Row{tests::framed("sts:00"), Outcome::kAnswered},
+        Row{tests::framed("\5"), Outcome::kRefused}, Row{tests::framed("\6"), Outcome::kAnswered},
+        Row{"\2" + std::string(700, 'x') + "\3", Outcome::kIncomplete}, Row{"", Outcome::kFailed}}) {
+    hid.answerAll(row.wire);
+    EXPECT_EQ(connection.ask("DPC02"), row.outcome) << row.wire;
+  }
+  EXPECT_EQ(beeper.beeps, 0);
+}
+
+TEST_F(CommandRouting, OnASerialLinkNothingIsAskedAndPanelOneTells) {
+  useSerial("1");
+  EXPECT_EQ(connection.ask("DPC02"), Outcome::kFailed);
+  EXPECT_TRUE(serialPort.commands.empty());
+  EXPECT_EQ(messages.count(), 0U);
+  EXPECT_EQ(form.StatusBar1.panel(1), "Works over USB only");
+}
+
 TEST_F(CommandRouting, AFailureOfAUsbOnlyCommandIsTold) {
   hid.nodes.clear();
   EXPECT_FALSE(connection.transUsbOnly("DRGup;DRG??"));

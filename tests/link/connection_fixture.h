@@ -62,6 +62,7 @@ class ConnectionFixture : public testing::Test {
     for (const form::Control* control : connectedControls()) {
       EXPECT_FALSE(control->enabled()) << control->name();
     }
+    EXPECT_TRUE(form.cmdLoad[1].enabled());
     expectIdle();
     EXPECT_EQ(form.Txled[0].fillColor(), form::kWhite);
     EXPECT_EQ(form.Txled[1].fillColor(), form::kWhite);

@@ -157,6 +157,98 @@ TEST_F(LoggerPanelControls, ParametersAreSentInTheFieldsOfTheirMode) {
   EXPECT_EQ(beeper.beeps, 0);
 }
 
+TEST_F(LoggerPanelControls, AParameterThatTheInstrumentCannotTakeIsRefusedAtItsBox) {
+  form.lblSrdg[1].setCaption("Sample Time(sec):");
+  form.lblSrdg[3].setCaption("Stop Address:");
+  for (const auto& [field, message] : {std::pair(0, "\"Sample Time(sec)\" must not be empty."),
+                                       std::pair(2, "\"Stop Address\" must not be empty.")}) {
+    for (form::TextBox& box : form.txtLog) {
+      box.setText("1");
+    }
+    form.txtLog[field].setText("");
+    messages.shown.clear();
+    form.cmdLog[0].click();
+    EXPECT_EQ(messages.count(), 1U);
+    EXPECT_EQ(messages.lastText(), message);
+  }
+  EXPECT_EQ(hid.commands, Texts{});
+}
+
+TEST_F(LoggerPanelControls, InTrendPlotTheThirdParameterIsNotLookedAt) {
+  quietly([this] { form.cmbDmod.setListIndex(4); });
+  form.txtLog[0].setText("1");
+  form.txtLog[1].setText("2");
+  form.txtLog[2].setText(";");
+  form.cmdLog[0].click();
+  EXPECT_EQ(hid.commands, Texts{"DPS0,1,2;DPS??"});
+}
+
+TEST_F(LoggerPanelControls, TheMemoryIsClearedWhenTheUserHasAgreed) {
+  form.mnuClrMem.click();
+  EXPECT_EQ(hid.commands, Texts{});
+  ASSERT_EQ(messages.count(), 1U);
+  EXPECT_EQ(messages.shown.back().buttons, platform::MessageButtons::kYesNo);
+  messages.answers = {platform::MessageAnswer::kYes};
+  form.mnuClrMem.click();
+  EXPECT_EQ(hid.commands, Texts{"DRC01;STS??"});
+  EXPECT_EQ(beeper.beeps, 0);
+}
+
+TEST_F(LoggerPanelControls, ASampleMethodIsSetBehindAQueryOfTheMemorysState) {
+  form.mnuSmm[0].click();
+  form.mnuSmm[1].click();
+  EXPECT_EQ(hid.commands, (Texts{"SMM??", "SMM00", "SMM??", "SMM01"}));
+  EXPECT_EQ(beeper.beeps, 0);
+  hid.forget();
+  for (const int method : {-1, 2}) {
+    EXPECT_THROW(controls.setSmm(method), form::Fault);
+  }
+  quietly([this] { controls.setSmm(1); });
+  quietly([this] { form.chkMld.setValue(1); });
+  controls.setSmm(1);
+  EXPECT_EQ(hid.commands, Texts{});
+}
+
+TEST_F(LoggerPanelControls, AFailedQueryOfTheMemorysStateIsOneMessage) {
+  hid.readFaults[1] = platform::HidTransfer::kTimedOut;
+  form.mnuSmm[1].click();
+  EXPECT_EQ(hid.commands, Texts{"SMM??"});
+  expectOneFailureMessage();
+}
+
+TEST_F(LoggerPanelControls, TheRecordButtonIsPressedWhileTheInstrumentRecordsAlone) {
+  pressRecord();  // acknowledged, but no status reply says that it records
+  EXPECT_EQ(form.chkLog1.value(), 0);
+  connection.onFrame([this] { quietly([this] { protocol::showRecording(form, true); }); });
+  pressRecord();
+  EXPECT_EQ(form.chkLog1.value(), 1);
+  connection.onFrame([] {});
+  pressRecord();
+  EXPECT_EQ(form.chkLog1.value(), 1);
+  connection.onFrame([this] { quietly([this] { protocol::showRecording(form, false); }); });
+  pressRecord();
+  EXPECT_EQ(form.chkLog1.value(), 0);
+  EXPECT_EQ(hid.commands, Texts(4, "DPC04;STS??"));
+}
+
+TEST_F(LoggerPanelControls, AFailedStartLeavesTheRecordButtonUpAndTheExportEnabled) {
+  hid.readFaults[1] = platform::HidTransfer::kTimedOut;
+  pressRecord();
+  EXPECT_EQ(form.chkLog1.value(), 0);
+  EXPECT_TRUE(form.cmdLoad[1].enabled());
+}
+
+TEST_F(LoggerPanelControls, OnASerialLinkTheRecordButtonDoesNothing) {
+  useSerial();
+  form.txtSTime.setText("7");
+  form.cmdLoad[1].setEnabled(true);
+  pressRecord();
+  expectIdle();
+  EXPECT_EQ(form.txtSTime.text(), "7");
+  EXPECT_TRUE(form.cmdLoad[1].enabled());
+  EXPECT_EQ(form.chkLog1.value(), 0);
+}
+
 TEST_F(LoggerPanelControls, TheSubPanelSendsItsCommands) {
   form.cmdSub[0].click();
   form.cmdSub[1].click();
@@ -182,7 +274,8 @@ TEST_F(LoggerPanelControls, OnASerialLinkTheDirectControlsSendNothingAndPanelOne
   const std::function<void()> moves[] = {
       [this] { form.cmdLog[0].click(); },  [this] { form.cmdLog[1].click(); },
       [this] { form.cmdSub[0].click(); },  [this] { form.cmdSub[1].click(); },
-      [this] { form.chkSub.setValue(1); }, [this] { pressRecord(); }};
+      [this] { form.chkSub.setValue(1); }, [this] { pressRecord(); },
+      [this] { form.mnuClrMem.click(); },  [this] { form.mnuSmm[0].click(); }};
   for (const auto& move : moves) {
     form.StatusBar1.setPanel(1, "");
     move();

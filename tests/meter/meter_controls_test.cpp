@@ -305,13 +305,41 @@ TEST_F(MeterPanel, ValuesAreSetWithoutTheirTrailingBlanks) {
     const char* command;
   };
   for (const Values& row : {Values{"1.5V  ", "2V ", "DPS1.5V,2V"}, Values{" 1 V", "  2", "DPS 1 V,  2"},
-                            Values{"   ", "", "DPS,"}}) {
+                            Values{"-1.5V", " x ", "DPS-1.5V, x"}}) {
     hid.forget();
     form.txtSet[0].setText(row.first);
     form.txtSet[1].setText(row.second);
     form.cmdSet[0].click();
     EXPECT_EQ(hid.commands, Texts{row.command});
   }
+}
+
+TEST_F(MeterPanel, AValueThatTheInstrumentCannotTakeIsRefusedAtItsBox) {
+  struct Values {
+    const char* first;
+    const char* second;
+    const char* message;
+  };
+  for (const Values& row : {Values{" ", "2V", "\"Reference\" must not be empty."},
+                            Values{"1;GTL", "2V", "\"Reference\" must not contain \";\" or \",\"."},
+                            Values{"1V", "2,5V", "\"LO Limit\" must not contain \";\" or \",\"."},
+                            Values{"", "", "\"Reference\" must not be empty."}}) {
+    messages.shown.clear();
+    form.txtSet[0].setText(row.first);
+    form.txtSet[1].setText(row.second);
+    form.cmdSet[0].click();
+    EXPECT_EQ(messages.count(), 1U);
+    EXPECT_EQ(messages.lastText(), row.message);
+  }
+  EXPECT_EQ(hid.commands, Texts{});
+}
+
+TEST_F(MeterPanel, AHiddenSecondValueIsNotLookedAt) {
+  form.txtSet[1].setVisible(false);
+  form.txtSet[1].setText(";");
+  form.cmdSet[0].click();
+  EXPECT_EQ(hid.commands, Texts{"DPS-1.234mV"});
+  EXPECT_EQ(messages.count(), 0U);
 }
 
 TEST_F(MeterPanel, TheClockIsSetInTwoDigitsEach) {

@@ -125,6 +125,26 @@ TEST_F(Poll, AnEndedLogIsMarkedInTheRowBehindTheLastRecord) {
   EXPECT_EQ(state.logRow, 4);
 }
 
+TEST_F(Poll, TheMarkIsNotWrittenOverARecordOfAnEarlierList) {
+  form.SSTab1.setTab(1);
+  state.memFull = true;
+  state.logEnd = true;
+  form.grdLog.setText(1, 0, "00001");
+  form.grdLog.setText(1, 1, "12:34:56");
+  tick();
+  EXPECT_EQ(time(1), "12:34:56");
+  EXPECT_TRUE(form.cmdLoad[1].enabled());
+}
+
+TEST_F(Poll, TheMarkReplacesTheOneOfTheStatusReply) {
+  form.SSTab1.setTab(1);
+  state.memFull = true;
+  state.logEnd = true;
+  form.grdLog.setText(1, 1, "--EOD---");
+  tick();
+  EXPECT_EQ(time(1), "--EOD--");
+}
+
 TEST_F(Poll, TheMarkGoesBehindTheRecordThatWasJustFetched) {
   form.SSTab1.setTab(1);
   state.memFull = true;
@@ -168,7 +188,6 @@ TEST_F(Poll, AFailedFetchIsOneMessageAndMarksNothing) {
   expectOneFailureMessage();
   expectDisconnected();
   EXPECT_EQ(time(1), "");
-  EXPECT_FALSE(form.cmdLoad[1].enabled());
 }
 
 TEST_F(Poll, TwoHundredTicksAreTwoHundredExchanges) {

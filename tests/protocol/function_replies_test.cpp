@@ -94,6 +94,19 @@ TEST_F(FunctionReplies, ModeZeroOnTheScopeTabLaysNothingOut) {
   EXPECT_TRUE(state_.logEnd);
 }
 
+TEST_F(FunctionReplies, ModeZeroEndsTheShownRecordingWithoutAnEndMark) {
+  for (const int tab : {0, 1}) {
+    form_.SSTab1.setTab(tab);
+    showRecording(form_, true);
+    function(0, 1);
+    EXPECT_EQ(form_.chkLog1.caption(), "Start") << tab;
+    EXPECT_EQ(form_.chkLog1.backColor(), form::kButtonFace) << tab;
+    EXPECT_EQ(form_.chkLog1.value(), 0) << tab;
+    EXPECT_EQ(form_.grdLog.text(1, 1), "") << tab;
+    EXPECT_FALSE(state_.logEnd) << tab;
+  }
+}
+
 TEST_F(FunctionReplies, LoggerModesShowTheMeterTabOnce) {
   function(1, 0);
   EXPECT_EQ(form_.SSTab1.tab(), 1);

@@ -31,6 +31,17 @@ TEST_F(TrendReplies, PointZeroIsStoredAndNothingIsDrawn) {
   EXPECT_EQ(savedTrends_, 0);
 }
 
+TEST_F(TrendReplies, PointZeroBeginsANewPlot) {
+  item("drt:000:10");
+  item("drt:001:10");
+  ASSERT_EQ(lines().size(), 1U);
+  item("drt:000:20");
+  EXPECT_TRUE(lines().empty());
+  EXPECT_EQ(stored(0), "&H20");
+  item("drt:001:20");
+  EXPECT_EQ(lines().size(), 1U);
+}
+
 TEST_F(TrendReplies, EachFurtherPointIsJoinedToTheOneBefore) {
   item("drt:000:00");
   item("drt:001:2A");
@@ -167,13 +178,14 @@ TEST_F(LoggerReplies, ARecordFillsThreeColumnsOfTheNextRow) {
 }
 
 TEST_F(LoggerReplies, AShortRecordLeavesTheLaterColumnsEmpty) {
-  form_.grdLog.setText(1, 1, "old");
-  form_.grdLog.setText(1, 2, "old");
+  state_.logRow = 2;
+  form_.grdLog.setText(2, 1, "old");
+  form_.grdLog.setText(2, 2, "old");
   item("drt:00001");
-  EXPECT_EQ(row(1), (Cells{"00001", "", "", ""}));
+  EXPECT_EQ(row(2), (Cells{"00001", "", "", ""}));
   item("drt");
-  EXPECT_EQ(row(2), (Cells{"", "", "", ""}));
-  EXPECT_EQ(state_.logRow, 3);
+  EXPECT_EQ(row(3), (Cells{"", "", "", ""}));
+  EXPECT_EQ(state_.logRow, 4);
 }
 
 TEST_F(LoggerReplies, TheGridKeepsItsSizeUpToRowTen) {
@@ -199,25 +211,44 @@ TEST_F(LoggerReplies, FromRowElevenOnTheGridGrowsAndScrollsWithEachRecord) {
   }
 }
 
-TEST_F(LoggerReplies, ARunThatStartsOverInATallGridGoesOnInIt) {
+TEST_F(LoggerReplies, ARunThatStartsOverEmptiesTheListAndKeepsItsHeightAndHeadings) {
   for (int record = 1; record <= 30; ++record) {
     item("drt:0000112:34:56 1.234 V");
   }
+  form_.grdLog.setText(31, 1, "--EOD---");
   state_.logRow = 1;
-  for (int record = 1; record <= 12; ++record) {
+  item("drt:0000212:34:56 1.234 V");
+  EXPECT_EQ(form_.grdLog.rows(), 33);
+  EXPECT_EQ(form_.grdLog.topRow(), 1);
+  EXPECT_EQ(row(0), (Cells{"  R/No", "Time", "Reading", "    Remarks"}));
+  EXPECT_EQ(row(1), (Cells{"00002", "12:34:56", " 1.234 V", ""}));
+  for (int other = 2; other < 33; ++other) {
+    EXPECT_EQ(row(other), (Cells{"", "", "", ""})) << other;
+  }
+  for (int record = 2; record <= 12; ++record) {
     item("drt:0000212:34:56 1.234 V");
   }
-  EXPECT_EQ(state_.logRow, 13);
-  EXPECT_EQ(form_.grdLog.rows(), 15);
-  EXPECT_EQ(form_.grdLog.text(12, 0), "00002");
-  EXPECT_EQ(form_.grdLog.topRow(), 14);  // the last row: it cannot scroll further
+  EXPECT_EQ(form_.grdLog.rows(), 33);
+  EXPECT_EQ(form_.grdLog.topRow(), 3);
 }
 
-TEST_F(LoggerReplies, ARowBeyondTheGridIsAFaultThatKeepsTheRowNumber) {
+TEST_F(LoggerReplies, ARowBeyondTheGridMakesRoomForItself) {
   state_.logRow = 13;
   item("drt:0000112:34:56 1.234 V");
-  EXPECT_EQ(state_.logRow, 13);
+  EXPECT_EQ(state_.logRow, 14);
+  EXPECT_EQ(form_.grdLog.rows(), 16);
+  EXPECT_EQ(row(13)[0], "00001");
+}
+
+TEST_F(LoggerReplies, ASmallGridGrowsToThirteenRows) {
+  form_.grdLog.setRows(2);
+  item("drt:0000112:34:56 1.234 V");
   EXPECT_EQ(form_.grdLog.rows(), 13);
+}
+
+TEST_F(LoggerReplies, TheBytesOfARecordAreLettersOfCodePage1252) {
+  item("drt:0000112:34:56 1.2\xB5V\x80");
+  EXPECT_EQ(row(1)[2], " 1.2\xC2\xB5V\xE2\x82\xAC");
 }
 
 TEST_F(LoggerReplies, RecordsGoOnPastRow32767) {

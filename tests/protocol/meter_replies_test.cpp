@@ -129,19 +129,21 @@ TEST_F(MeterReplies, TheReferenceIsTakenWhileTheSetUpBoxIsOpen) {
   EXPECT_EQ(form_.txtSet[1].text(), "-010.0mV");
 }
 
-TEST_F(MeterReplies, TheLimitsAreTakenWhileTheSettingsWindowIsShown) {
+TEST_F(MeterReplies, TheLimitsAreTakenWhileTheSettingsWindowOrTheSetUpBoxIsShown) {
   showMode(3);
-  form_.picSwin[0].setVisible(false);
   form_.picSwin[1].setVisible(true);
-  form_.picSet.setVisible(true);
-  item("dps:" + ruler(30));
-  EXPECT_EQ(form_.txtSet[0].text(), "-1.234mV");
-  form_.picSwin[0].setVisible(true);
-  form_.picSwin[1].setVisible(false);
-  form_.picSet.setVisible(false);
-  item("dps:" + ruler(30));
-  EXPECT_EQ(form_.txtSet[0].text(), "abcdefgh");
-  EXPECT_EQ(form_.txtSet[1].text(), "jklmnopq");
+  for (const bool settings : {false, true}) {
+    for (const bool setUp : {false, true}) {
+      form_.picSwin[0].setVisible(settings);
+      form_.picSet.setVisible(setUp);
+      form_.txtSet[0].setText("before");
+      form_.txtSet[1].setText("before");
+      item("dps:" + ruler(30));
+      const bool taken = settings || setUp;
+      EXPECT_EQ(form_.txtSet[0].text(), taken ? "abcdefgh" : "before") << settings << setUp;
+      EXPECT_EQ(form_.txtSet[1].text(), taken ? "jklmnopq" : "before") << settings << setUp;
+    }
+  }
 }
 
 TEST_F(MeterReplies, ParametersTouchTheFieldsOfTheirModeAlone) {
@@ -194,6 +196,7 @@ TEST_F(MeterReplies, SpanCodesBelow13ShowTheirLabel) {
     item("dps:0,00000000,00000000," + std::string(1, "0123456789ABC"[code]));
     EXPECT_EQ(form_.lblStm.caption(), labels[code]);
     EXPECT_EQ(form_.vdtrd[3].caption(), labels[code]);
+    EXPECT_EQ(state_.labels.trdSpan, static_cast<int>(std::min<std::size_t>(code, 11)));
   }
 }
 

@@ -16,6 +16,7 @@ class StatusReplies : public tests::ReplyRig {
   void showRunning() {
     form_.chkLog1.setCaption("Stop");
     form_.chkLog1.setBackColor(form::kYellow);
+    form_.chkLog1.setValue(1);
   }
 };
 
@@ -125,6 +126,8 @@ TEST_F(StatusReplies, ALoggingInstrumentTurnsTheRecordButtonToAYellowStop) {
     item("sts:10");
     EXPECT_EQ(form_.chkLog1.caption(), "Stop") << mode;
     EXPECT_EQ(form_.chkLog1.backColor(), form::kYellow) << mode;
+    EXPECT_EQ(form_.chkLog1.value(), 1) << mode;
+    form_.chkLog1.setValue(0);
   }
   EXPECT_EQ(beeper_.beeps, 0);
   EXPECT_FALSE(state_.logEnd);
@@ -157,6 +160,7 @@ TEST_F(StatusReplies, TheEndOfARunIsWrittenOnce) {
     form_.cmdLoad[1].setEnabled(false);
     item("sts:00");
     EXPECT_EQ(form_.grdLog.text(3 + mode, 1), "--EOD---");
+    EXPECT_EQ(form_.chkLog1.value(), 0);
     EXPECT_EQ(state_.logRow, 3 + mode);
     EXPECT_TRUE(state_.logEnd);
     EXPECT_EQ(beeper_.beeps, 1);
@@ -198,15 +202,27 @@ TEST_F(StatusReplies, WithoutARunTheButtonGoesBackToItsFaceAlone) {
   EXPECT_EQ(beeper_.beeps, 0);
 }
 
-TEST_F(StatusReplies, AnEndBeyondTheGridFaultsBeforeAnythingElse) {
+TEST_F(StatusReplies, AnEndBeyondTheGridMakesRoomForItself) {
   showMode(0);
   showRunning();
-  state_.logRow = form_.grdLog.rows();
+  state_.logRow = 13;
   item("sts:40");
-  EXPECT_EQ(form_.chkLog1.caption(), "Stop");
-  EXPECT_FALSE(state_.logEnd);
-  EXPECT_FALSE(state_.memFull);
-  EXPECT_EQ(beeper_.beeps, 0);
+  EXPECT_EQ(form_.grdLog.text(13, 1), "--EOD---");
+  EXPECT_EQ(form_.chkLog1.caption(), "Start");
+  EXPECT_TRUE(state_.logEnd);
+  EXPECT_TRUE(state_.memFull);
+}
+
+TEST_F(StatusReplies, AnEndIsNotWrittenOverARecordOfAnEarlierList) {
+  showMode(0);
+  showRunning();
+  form_.grdLog.setText(1, 0, "00001");
+  form_.grdLog.setText(1, 1, "12:34:56");
+  item("sts:00");
+  EXPECT_EQ(form_.grdLog.text(1, 1), "12:34:56");
+  EXPECT_TRUE(state_.logEnd);
+  EXPECT_EQ(form_.chkLog1.caption(), "Start");
+  EXPECT_EQ(beeper_.beeps, 1);
 }
 
 TEST_F(StatusReplies, Bit6MarksTheMemoryFullAndNothingClearsIt) {

@@ -1,3 +1,4 @@
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -86,6 +87,48 @@ TEST_F(BindingOf, TextTypedIsTextOfTheControlAndEnterStarts) {
   QTest::keyClick(edit, Qt::Key_Return);
   EXPECT_EQ(form().cmdStart.caption(), "Stop");
   EXPECT_EQ(form().tmrInt.interval(), 250);
+}
+
+TEST_F(BindingOf, ALetterThatTheInstrumentDoesNotKnowStaysAsTypedAndIsRefused) {
+  auto* edit = find<QLineEdit>("txtLog_0");
+  form().txtLog[1].setText("1");
+  form().txtLog[2].setText("1");
+  form().cmbDmod.setListIndex(0);
+  turn();
+  edit->setText(QString());
+  Q_EMIT edit->textEdited(QString());
+  for (const QString& text : {QStringLiteral("1\u03A9"), QStringLiteral("1\u03A9k")}) {
+    edit->setText(text);
+    Q_EMIT edit->textEdited(text);
+    turn();
+    EXPECT_EQ(edit->text(), text);
+    EXPECT_FALSE(form().txtLog[0].complete());
+  }
+  const std::uint64_t before = instrument.commandCount();
+  form().cmdLog[0].click();
+  ASSERT_EQ(messages.seen.size(), 1U);
+  EXPECT_EQ(messages.seen[0].text,
+            QStringLiteral("\"Sample Time(sec)\" contains a letter that the instrument does not know."));
+  EXPECT_EQ(instrument.commandCount(), before);
+  form().txtLog[0].setText("00001");
+  turn();
+  EXPECT_EQ(edit->text(), QStringLiteral("00001"));
+}
+
+TEST_F(BindingOf, AnEntryOfAMenuIsAButton) {
+  auto* const entry = find<QAction>("mnuSmm_1");
+  ASSERT_NE(entry, nullptr);
+  EXPECT_EQ(entry->text(), QStringLiteral("Sample Method: Peak"));
+  entry->trigger();
+  EXPECT_EQ(lastCommand(), "SMM01");
+  form().raiseShield({});
+  turn();
+  EXPECT_FALSE(entry->isEnabled());
+  form().lowerShield();
+  form().mnuSmm[1].setVisible(false);
+  turn();
+  EXPECT_TRUE(entry->isEnabled());
+  EXPECT_FALSE(entry->isVisible());
 }
 
 TEST_F(BindingOf, WhileSamplingTheTimeCannotBeEdited) {
