@@ -1,45 +1,11 @@
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QWidget>
-
-#include "app/executables/session.h"
-#include "bench/bench_rig.h"
+#include "bench/window_rig.h"
 #include "protocol/vocabulary.h"
 
 namespace {
 
-struct WindowRig : vireon::bench::Bench {
-  vireon::bench::NoSerialPort serialPort;
-  vireon::app::MemoryFileStore files;
-  vireon::adapters::ModalGate gate;
-  vireon::app::Session session{{hid, serialPort, files}, "", gate};
-
-  WindowRig() {
-    session.show();
-    form().cmdBttn[0].click();
-    form().tmrInt.setInterval(0);
-    form().tmrInt.setEnabled(true);
-    program().sampling.tmrInt_Timer();
-    paint();
-  }
-
-  vireon::app::Program& program() { return session.program(); }
-  vireon::form::MainForm& form() { return program().form; }
-
-  void receive(const std::string& text) {
-    program().state.rxBuf[0] = 2;
-    std::copy(text.begin(), text.end(), program().state.rxBuf.begin() + 1);
-    program().state.rxLen = static_cast<int>(text.size());
-    program().dispatcher.dspRcv();
-  }
-
-  void paint() {
-    session.window().binder().flush();
-    QApplication::sendPostedEvents();
-    QApplication::processEvents();
-  }
-};
+using vireon::bench::WindowRig;
 
 // Dispatch, controls and painting together: the program's whole share of a live frame.
 void oneLiveFrameIntoTheWindow(benchmark::State& state) {

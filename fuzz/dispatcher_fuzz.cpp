@@ -3,6 +3,7 @@
 #include <span>
 
 #include "bench/bench_rig.h"
+#include "form/text_encoding.h"
 #include "fuzz/frame_script.h"
 
 namespace {
@@ -44,13 +45,31 @@ void require(bool invariant) {
   }
 }
 
+bool isUtf8(const std::string& text) {
+  const auto converted = vireon::form::text1252FromUtf8(text);
+  return converted.complete && vireon::form::utf8From1252(converted.text) == text;
+}
+
+// The rows that a frame can have filled, the latest ones.
+void checkList(const Program& program) {
+  const vireon::form::Grid& list = program.form.grdLog;
+  const int next = program.state.logRow;
+  require(next >= 1 && list.rows() >= std::max(13, next + 2));
+  require(list.topRow() >= 1 && list.topRow() < list.rows());
+  for (int row = std::max(1, next - 60); row <= next; ++row) {
+    for (int column = 0; column < list.columns(); ++column) {
+      require(isUtf8(list.text(row, column)));
+    }
+  }
+}
+
 void checkInvariants(const Program& program, int sent) {
   require(!program.state.uiBusy);
   require(program.form.picScope.lines().size() <= 248);
   require(program.form.SSTab1.tab() < program.form.SSTab1.tabs());
   require(program.form.barTrd.value() >= 0 && program.form.barTrd.value() <= 120);
   require(program.form.posT.top() <= 2900);
-  require(program.state.logRow >= 1 && program.state.logRow < program.form.grdLog.rows());
+  checkList(program);
   require(sent == 0);
 }
 

@@ -125,7 +125,7 @@ TEST_F(CommandRouting, WhatBecomesOfAnAskedCommandIsTold) {
     std::string wire;
     Outcome outcome;
   };
-  connection.onFrame([this] { state.enqSeen = state.enqSeen || state.rxBuf[1] == protocol::kEnq; });
+  connection.onFrame([this] { state.enqSeen = state.enqSeen || state.rxBuf[1] == 5; });
   for (const Row& row :
        {Row{tests::framed("\6"), Outcome::kAnswered}, Row{tests::framed("sts:00"), Outcome::kAnswered},
         Row{tests::framed("\5"), Outcome::kRefused}, Row{tests::framed("\6"), Outcome::kAnswered},

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "protocol/reply_interpreter.h"
 #include "tests/meter/sampling_fixture.h"
 
 namespace vireon::meter {
