@@ -11,7 +11,12 @@ namespace {
 
 class GridModelTest : public testing::Test {
  protected:
-  GridModelTest() { grid_.setText(0, 0, "  R/No"); }
+  GridModelTest() {
+    grid_.setText(0, 0, "  R/No");
+    model_.follow();
+    data_.clear();
+    header_.clear();
+  }
 
   form::MainForm form_;
   form::Grid& grid_ = form_.grdLog;
