@@ -159,6 +159,7 @@ TEST_F(LoggerPanelControls, ParametersAreSentInTheFieldsOfTheirMode) {
 }
 
 TEST_F(LoggerPanelControls, AParameterThatTheInstrumentCannotTakeIsRefusedAtItsBox) {
+  quietly([this] { form.cmbDmod.setListIndex(0); });
   form.lblSrdg[1].setCaption("Sample Time(sec):");
   form.lblSrdg[3].setCaption("Stop Address:");
   for (const auto& [field, message] : {std::pair(0, "\"Sample Time(sec)\" must not be empty."),

@@ -47,7 +47,7 @@ class Listing : public tests::ReplyRig {
 
 TEST_F(Listing, ARecordFillsItsRowWithoutItsSeparators) {
   dump("00017x12:34:56y 1.234V\x95z");
-  EXPECT_EQ(row(1), (Cells{"00017", "12:34:56", " 1.234V\xE2\x80\xA2", "Check!!"}));
+  EXPECT_EQ(row(1), (Cells{"00017", "12:34:56", " 1.234V\xE2\x80\xA2", "DCV"}));
   EXPECT_EQ(state_.logRow, 2);
   EXPECT_EQ(listing_.records(), 1);
   EXPECT_EQ(row(2), (Cells{"", "", "", ""}));
