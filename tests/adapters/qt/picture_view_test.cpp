@@ -15,35 +15,16 @@ class TrendPlot : public testing::Test {
   TrendPlot() {
     view_.setProperty("twipsWidth", 4670);
     view_.setProperty("twipsHeight", 3010);
-    view_.setProperty("graticule", QStringLiteral("trend"));
     view_.resize(467, 301);
     view_.setPicture(picture_);
   }
 
   QImage painted() { return view_.grab().toImage().scaled(view_.size()); }
 
-  static bool isBlack(const QImage& image, int x, int y) {
-    return image.pixelColor(x, y) == QColor(Qt::black);
-  }
-
   form::Form form_{"window"};
   form::PictureBox picture_{form_, "picTrd"};
   PictureView view_;
 };
-
-TEST_F(TrendPlot, HasAFrameOfTenByFourDivisions) {
-  const QImage image = painted();
-  for (int column = 0; column <= 10; ++column) {
-    EXPECT_FALSE(isBlack(image, 75 + 36 * column, 20)) << column;
-    EXPECT_TRUE(isBlack(image, 75 + 36 * column + 18, 20)) << column;
-  }
-  for (int row = 0; row <= 4; ++row) {
-    EXPECT_FALSE(isBlack(image, 90, 6 + 30 * row)) << row;
-    EXPECT_TRUE(isBlack(image, 90, 6 + 30 * row + 15)) << row;
-  }
-  EXPECT_TRUE(isBlack(image, 60, 6));
-  EXPECT_TRUE(isBlack(image, 75, 140));
-}
 
 TEST_F(TrendPlot, AValueAboveThePictureIsClippedAtItsEdge) {
   picture_.line(1000, 1260, 1030, 1260 - 30 * 255, form::kRed);
