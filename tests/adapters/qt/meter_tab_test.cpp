@@ -1,3 +1,4 @@
+#include <QAction>
 #include <QImage>
 #include <QLabel>
 
@@ -39,6 +40,21 @@ TEST_F(MeterTab, TheReadingIsTallerThanEveryOtherText) {
       EXPECT_GT(height, 2 * label->font().pixelSize()) << qUtf8Printable(label->objectName());
     }
   }
+}
+
+TEST_F(MeterTab, TheMemoryMenuSetsTheSampleMethodAndClearsTheMemoryAfterAsking) {
+  showMeter();
+  QList<QAction*> entries = find("menuMemory")->actions();
+  ASSERT_EQ(entries.size(), 3);
+  entries[2]->trigger();
+  EXPECT_EQ(lastCommand(), "SMM01");
+  messages.answers = {QMessageBox::No};
+  instrument.clearLog();
+  entries[0]->trigger();
+  EXPECT_TRUE(instrument.log().empty());
+  entries[0]->trigger();
+  EXPECT_EQ(lastCommand(), "DRC01;STS??");
+  EXPECT_EQ(messages.seen.size(), 2U);
 }
 
 TEST_F(MeterTab, TheTrendHasAFrameOfTenByFourDivisions) {
