@@ -1,0 +1,45 @@
+#pragma once
+
+#include <glib-object.h>
+
+#include <array>
+#include <memory>
+
+namespace vireon::adapters {
+
+struct ObjectRelease {
+  void operator()(gpointer object) const { g_object_unref(object); }
+};
+
+// Owns one reference to a GObject, or none.
+template <typename Object>
+using ObjectPtr = std::unique_ptr<Object, ObjectRelease>;
+
+// While it lives, what the library has to say of a damaged file does not reach the standard error output.
+class QuietLibrary {
+ public:
+  QuietLibrary() {
+    constexpr auto kEvery =
+        static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK | G_LOG_FLAG_FATAL | G_LOG_FLAG_RECURSION);
+    for (std::size_t index = 0; index < kDomains.size(); ++index) {
+      handlers_[index] = g_log_set_handler(kDomains[index], kEvery, ignore, nullptr);
+    }
+  }
+  QuietLibrary(const QuietLibrary&) = delete;
+  QuietLibrary& operator=(const QuietLibrary&) = delete;
+  ~QuietLibrary() {
+    for (std::size_t index = 0; index < kDomains.size(); ++index) {
+      g_log_remove_handler(kDomains[index], handlers_[index]);
+    }
+  }
+
+ private:
+  static constexpr std::array<const char*, 4> kDomains{"libgsf", "libgsf:msole", "GLib", "GLib-GObject"};
+
+  static void ignore(const gchar* /*domain*/, GLogLevelFlags /*level*/, const gchar* /*message*/,
+                     gpointer /*data*/) {}
+
+  std::array<guint, kDomains.size()> handlers_{};
+};
+
+}  // namespace vireon::adapters
