@@ -7,11 +7,11 @@ constexpr char32_t kPairs = 0x10000;  // the first character that takes two unit
 constexpr char32_t kMost = 0x10FFFF;
 
 constexpr bool isHigh(char32_t unit) {
-  return (unit & 0xFC00U) == 0xD800U;
+  return unit >= 0xD800 && unit <= 0xDBFF;
 }
 
 constexpr bool isLow(char32_t unit) {
-  return (unit & 0xFC00U) == 0xDC00U;
+  return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
 // What a first byte says: how many bytes follow, its bits, and the least character of that length.

@@ -27,6 +27,11 @@ constexpr std::size_t kListStart = 0x44;
 constexpr std::size_t kListCount = 0x48;
 constexpr std::size_t kList = 0x4C;
 
+// Places in an entry of the folder.
+constexpr std::size_t kEntryKind = 0x42;
+constexpr std::size_t kEntrySize = 0x78;
+constexpr unsigned kStreamKind = 2;
+
 class Container {
  public:
   explicit Container(std::string_view file) : file_(file) {}
@@ -88,10 +93,19 @@ class Container {
     std::uint32_t sector = u32(kFolderStart);
     for (std::size_t count = 0; sector < kMostSectors; ++count) {
       const auto next = following(sector);
-      if (count == most || !next || !sectorPlace(sector)) return false;
+      const auto place = sectorPlace(sector);
+      if (count == most || !next || !place || !areEntriesSound(*place)) return false;
       sector = *next;
     }
     return u32(kFolderStart) < kMostSectors;
+  }
+
+  // No stream of this sector claims more bytes than the file has.
+  bool areEntriesSound(std::size_t sectorPlace) const {
+    for (std::size_t at = sectorPlace; at < sectorPlace + sector_; at += kEntryBytes) {
+      if (byte(at + kEntryKind) == kStreamKind && u32(at + kEntrySize) > file_.size()) return false;
+    }
+    return true;
   }
 
   std::optional<std::uint32_t> following(std::uint32_t sector) const {

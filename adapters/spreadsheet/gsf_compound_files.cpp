@@ -78,7 +78,9 @@ UnpackResult readFrom(GsfInfile* container, std::size_t limit, std::size_t fileS
     return {{}, old ? UnpackError::kOldWorkbook : UnpackError::kNoWorkbook};
   }
   const ObjectPtr<GsfInput> stream(gsf_infile_child_by_index(container, index));
-  return stream ? readStream(stream.get(), limit, fileSize) : UnpackResult{{}, UnpackError::kDamaged};
+  if (!stream) return {{}, UnpackError::kDamaged};
+  const bool isStorage = gsf_infile_num_children(GSF_INFILE(stream.get())) >= 0;
+  return isStorage ? UnpackResult{{}, UnpackError::kNoWorkbook} : readStream(stream.get(), limit, fileSize);
 }
 
 }  // namespace

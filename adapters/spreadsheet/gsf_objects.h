@@ -34,7 +34,8 @@ class QuietLibrary {
   }
 
  private:
-  static constexpr std::array<const char*, 4> kDomains{"libgsf", "libgsf:msole", "GLib", "GLib-GObject"};
+  static constexpr std::array<const char*, 5> kDomains{nullptr, "libgsf", "libgsf:msole", "GLib",
+                                                       "GLib-GObject"};
 
   static void ignore(const gchar* /*domain*/, GLogLevelFlags /*level*/, const gchar* /*message*/,
                      gpointer /*data*/) {}

@@ -202,7 +202,7 @@ TEST(WorksheetReader, CellsStandWhereTheyAreInWhateverOrder) {
   EXPECT_EQ(result.sheet.rows(), 65536);
   EXPECT_EQ(result.sheet.value(65535, 3).number, 4);
   EXPECT_EQ(result.sheet.value(2, 0).number, 2);
-  for (const auto [row, column] : {std::pair{0, 4}, {0, 0}, {65535, 0}, {65536, 0}, {-1, 0}, {0, -1}}) {
+  for (const auto& [row, column] : {std::pair{0, 4}, {0, 0}, {65535, 0}, {65536, 0}, {-1, 0}, {0, -1}}) {
     EXPECT_EQ(result.sheet.value(row, column).kind, CellKind::kEmpty);
   }
 }
