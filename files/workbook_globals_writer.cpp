@@ -47,9 +47,9 @@ void writeStart(RecordWriter& out) {
 void writeFont(RecordWriter& out, unsigned weight) {
   constexpr std::string_view kName = "Arial";
   out.begin(biff::kFont, 16 + kName.size());
-  out.u16(200);  // twips
-  out.u16(0);
-  out.u16(0x7FFF);  // the window's text colour
+  out.u16(200);                            // twips
+  out.u16(weight >= kBoldWeight ? 1 : 0);  // bold as older programs ask for it
+  out.u16(0x7FFF);                         // the window's text colour
   out.u16(weight);
   out.u16(0);
   out.u8(0);

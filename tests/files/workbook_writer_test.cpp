@@ -71,7 +71,9 @@ TEST(WorkbookWriter, HeaderIsInBoldWhateverItHolds) {
     const bool bold = format >= static_cast<std::size_t>(CellFormat::kBoldText);
     EXPECT_EQ(formats[format].substr(0, 2), u16(bold ? 5 : 0)) << format;  // no font has the number 4
   }
+  EXPECT_EQ(fonts[0].substr(2, 2), u16(0));
   EXPECT_EQ(fonts[0].substr(6, 2), u16(400));
+  EXPECT_EQ(fonts[4].substr(2, 2), u16(1));
   EXPECT_EQ(fonts[4].substr(6, 2), u16(700));
 }
 
