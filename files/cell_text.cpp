@@ -14,6 +14,8 @@ namespace {
 constexpr std::int64_t kSecondsOfDay = 86400;
 constexpr double kDaysEnd = 2958466;  // the day after 9999-12-31, counted from 1899-12-30
 
+constexpr int kLargestShort = 99999;  // five digits
+
 // `format` takes one double.
 std::string printed(const char* format, double number) {
   std::array<char, 400> text{};  // the largest number has 309 digits
@@ -79,7 +81,10 @@ std::string dayText(const CellValue& value, DateSystem dates) {
 std::string recordNumberText(const CellValue& value, DateSystem dates) {
   if (value.kind != CellKind::kNumber) return plainText(value, dates);
   const double rounded = std::round(value.number);
-  return printed(rounded < 0 ? "%06.0f" : "%05.0f", rounded == 0 ? 0 : rounded);
+  if (rounded >= 0 && rounded <= kLargestShort) {
+    return std::to_string(kLargestShort + 1 + static_cast<int>(rounded)).substr(1);
+  }
+  return printed(rounded < 0 ? "%06.0f" : "%05.0f", rounded);
 }
 
 std::string timeOfDayText(const CellValue& value, DateSystem dates) {

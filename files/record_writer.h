@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "files/biff.h"
 
@@ -15,6 +16,7 @@ class RecordWriter {
  public:
   // Where a stream stands now.
   std::size_t position() const { return stream_.size(); }
+  void reserve(std::size_t bytes) { stream_.reserve(bytes); }
   std::string take() { return std::move(stream_); }
 
   // A record's header; `length` bytes must follow, unless end() sets the length.

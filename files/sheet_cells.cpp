@@ -74,6 +74,7 @@ std::uint32_t SheetCells::cell(std::string_view text, int column) {
     return static_cast<std::uint32_t>(content) << kValueBits | value;
   };
   if (text.empty()) return coded(CellContent::kNothing, 0);
+  ++filled_;
   if (column == 0) {
     if (const auto number = recordNumberOf(text)) return coded(CellContent::kRecordNumber, *number);
   }

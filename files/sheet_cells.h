@@ -21,7 +21,8 @@ class SheetCells {
   int rows() const { return columns_ == 0 ? 0 : static_cast<int>(cells_.size()) / columns_; }
   int columns() const { return columns_; }
   const TextPool& texts() const { return texts_; }
-  std::size_t uses() const { return uses_; }  // cells that are texts
+  std::size_t uses() const { return uses_; }      // cells that are texts
+  std::size_t filled() const { return filled_; }  // cells that are anything
 
   CellContent content(int row, int column) const {
     return static_cast<CellContent>(cells_[place(row, column)] >> kValueBits);
@@ -43,6 +44,7 @@ class SheetCells {
 
   int columns_ = 0;
   std::size_t uses_ = 0;
+  std::size_t filled_ = 0;
   std::vector<std::uint32_t> cells_;  // CellContent above the value
   TextPool texts_;
 };
