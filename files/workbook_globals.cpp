@@ -1,6 +1,8 @@
 #include "files/workbook_globals.h"
 
+#include <map>
 #include <string>
+#include <utility>
 
 #include "files/number_formats.h"
 #include "files/record_reader.h"
@@ -19,17 +21,13 @@ bool isOldStart(const RecordReader& start) {
 
 class GlobalsReader {
  public:
-  explicit GlobalsReader(std::string_view stream) : records_(stream) {
-    for (std::size_t format = 0; format < kMostListed; ++format) {
-      formatKinds_.push_back(builtInNumberKind(static_cast<std::uint16_t>(format)));
-    }
-  }
+  explicit GlobalsReader(std::string_view stream) : records_(stream) {}
 
   WorkbookGlobals read() {
     globals_.error = readStart();
     if (globals_.error == WorkbookReadError::kNone) globals_.error = readRecords();
     if (globals_.error == WorkbookReadError::kNone) globals_.error = chooseSheet();
-    for (const std::uint16_t format : cellFormats_) globals_.numberKinds.push_back(formatKinds_[format]);
+    for (const std::uint16_t format : cellFormats_) globals_.numberKinds.push_back(numberKind(format));
     return std::move(globals_);
   }
 
@@ -91,8 +89,13 @@ class GlobalsReader {
   bool readFormat(std::string_view content) {
     std::string code;
     if (content.size() < 2 || !TextReader(records_, 2).text(&code)) return false;
-    formatKinds_[u16At(content, 0)] = numberKindOf(code);
+    ownFormats_[u16At(content, 0)] = numberKindOf(code);
     return true;
+  }
+
+  NumberKind numberKind(std::uint16_t format) const {
+    const auto own = ownFormats_.find(format);
+    return own == ownFormats_.end() ? builtInNumberKind(format) : own->second;
   }
 
   // The sheet that is shown when the workbook is opened, else the first that can be read.
@@ -112,7 +115,7 @@ class GlobalsReader {
   std::size_t activeSheet_ = 0;
   std::vector<SheetEntry> sheets_;
   std::vector<std::uint16_t> cellFormats_;
-  std::vector<NumberKind> formatKinds_;  // by the format's number
+  std::map<std::uint16_t, NumberKind> ownFormats_;
 };
 
 }  // namespace
