@@ -8,8 +8,6 @@
 namespace vireon::adapters {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 constexpr std::string_view kMagic = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 constexpr std::size_t kHeaderBytes = 512;
 constexpr std::size_t kEntryBytes = 128;
@@ -120,9 +118,11 @@ class Container {
   std::vector<std::size_t> tables_;  // where each part of the allocation table begins in the file
 };
 
+// The first record's number and length, as the versions 2, 3 and 4 begin.
 bool isOldWorkbook(std::string_view file) {
-  return file.starts_with("\x09\x00\x04\x00"sv) || file.starts_with("\x09\x02\x06\x00"sv) ||
-         file.starts_with("\x09\x04\x06\x00"sv);
+  return file.starts_with(std::string_view("\x09\x00\x04\x00", 4)) ||
+         file.starts_with(std::string_view("\x09\x02\x06\x00", 4)) ||
+         file.starts_with(std::string_view("\x09\x04\x06\x00", 4));
 }
 
 }  // namespace
