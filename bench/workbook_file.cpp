@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +15,8 @@
 // it, and prints the seconds that took. The grid's own making is not counted, the file's flushing to the disk
 // neither.
 namespace {
+
+constexpr int kRuns = 5;
 
 using Clock = std::chrono::steady_clock;
 
@@ -46,12 +49,16 @@ int main(int argc, char** argv) {
     std::fputs("usage: vireon_bench_workbook_file write|read ROWS FILE\n", stderr);
     return 2;
   }
-  double seconds = 0;
+  double least = 0;
   const int rows = std::atoi(argv[2]);
-  if (!(mode == "write" ? writeFile(rows, argv[3], seconds) : readFile(rows, argv[3], seconds))) {
-    std::fputs("failed\n", stderr);
-    return 1;
+  for (int run = 0; run < kRuns; ++run) {
+    double seconds = 0;
+    if (!(mode == "write" ? writeFile(rows, argv[3], seconds) : readFile(rows, argv[3], seconds))) {
+      std::fputs("failed\n", stderr);
+      return 1;
+    }
+    least = run == 0 ? seconds : std::min(least, seconds);
   }
-  std::printf("%.6f\n", seconds);
+  std::printf("%.6f\n", least);
   return 0;
 }

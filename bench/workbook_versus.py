@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """workbook_versus.py PROGRAM [--quick]: workbooks of four columns written and read by PROGRAM
 (vireon_bench_workbook_file) and by xlwt and xlrd, side by side. Fails where it is not so many times as fast
-as them, or where six times the rows take far more than six times as long."""
+as them, or where six times the rows take far more than six times as long; with --quick it only
+proves that it runs."""
 import os
 import subprocess
 import sys
@@ -63,7 +64,7 @@ def main():
                 ("write", lambda: write_by_xlwt(rows, other), WRITING_AT_LEAST),
                 ("read", lambda: read_by_xlrd(rows, path), READING_AT_LEAST),
             ):
-                mine = min(ours(mode, rows, path) for _ in range(5))
+                mine = ours(mode, rows, path)
                 theirs = min(rival() for _ in range(repeats))
                 times[mode, rows] = mine
                 print("%8d %-8s %9.1f ms %9.1f ms %7.1fx" % (rows, mode, mine * 1e3, theirs * 1e3, theirs / mine))
@@ -72,7 +73,7 @@ def main():
         growth = times[mode, ROWS[1]] / times[mode, ROWS[0]] / (ROWS[1] / ROWS[0])
         print("%s: the time per row is %.2f of that at %d rows" % (mode, growth, ROWS[0]))
         failed = failed or growth > MOST_GROWTH
-    return 1 if failed else 0
+    return 1 if failed and "--quick" not in sys.argv else 0
 
 
 if __name__ == "__main__":
