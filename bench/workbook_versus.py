@@ -67,7 +67,8 @@ def main():
                 mine = ours(mode, rows, path)
                 theirs = min(rival() for _ in range(repeats))
                 times[mode, rows] = mine
-                print("%8d %-8s %9.1f ms %9.1f ms %7.1fx" % (rows, mode, mine * 1e3, theirs * 1e3, theirs / mine))
+                values = (rows, mode, mine * 1e3, theirs * 1e3, theirs / mine)
+                print("%8d %-8s %9.1f ms %9.1f ms %7.1fx" % values)
                 failed = failed or theirs < least * mine
     for mode in ("write", "read"):
         growth = times[mode, ROWS[1]] / times[mode, ROWS[0]] / (ROWS[1] / ROWS[0])
