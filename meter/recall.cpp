@@ -98,7 +98,7 @@ void Recall::tell(Ending ending) {
       break;
   }
   form_.StatusBar1.setPanel(
-      1, text + (listCleared_ ? counted(listing_.records()) : std::string("the list")) + " kept");
+      1, text + (listCleared_ ? counted(listing_.records()) + " kept" : "the list is kept"));
 }
 
 }  // namespace vireon::meter

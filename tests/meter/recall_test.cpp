@@ -108,7 +108,7 @@ TEST_F(RecallTest, CancelledBeforeTheListIsClearedKeepsTheList) {
   press();
   EXPECT_EQ(hid.commands, Texts{"DPC02"});
   EXPECT_TRUE(listKept());
-  EXPECT_EQ(told(), "Recall cancelled: the list kept");
+  EXPECT_EQ(told(), "Recall cancelled: the list is kept");
   expectEnded();
 }
 
@@ -141,7 +141,7 @@ TEST_F(RecallTest, LosingTheLinkAtEachExchangeIsOneMessageAndKeepsWhatHasArrived
     EXPECT_EQ(hid.commands.size(), exchange);
     if (exchange <= 2) {
       EXPECT_TRUE(listKept());
-      EXPECT_EQ(told(), "Recall ended, the link is lost: the list kept");
+      EXPECT_EQ(told(), "Recall ended, the link is lost: the list is kept");
     } else {
       const std::size_t records = 2 * (exchange - 3);
       EXPECT_EQ(state.logRow, static_cast<int>(records) + 1);
@@ -166,9 +166,8 @@ TEST_F(RecallTest, RefusedAtEachExchangeEndsWithoutAMessage) {
     EXPECT_EQ(hid.commands.size(), exchange);
     EXPECT_EQ(listKept(), exchange <= 2);
     EXPECT_EQ(told(), "Recall refused by the instrument: " +
-                          (exchange <= 2 ? std::string("the list")
-                                         : std::to_string(2 * (exchange - 3)) + " records") +
-                          " kept");
+                          (exchange <= 2 ? "the list is kept"
+                                         : std::to_string(2 * (exchange - 3)) + " records kept"));
     EXPECT_EQ(messages.count(), 0U);
     expectEnded();
   }
