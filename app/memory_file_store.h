@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "platform/file_store.h"
 
@@ -11,6 +12,17 @@ namespace vireon::app {
 class MemoryFileStore final : public platform::FileStore {
  public:
   bool exists(const std::string& path) override { return files_.contains(path); }
+
+  std::vector<std::string> list(const std::string& folder) override {
+    const std::string prefix = folder + "/";
+    std::vector<std::string> names;
+    for (const auto& [path, bytes] : files_) {
+      if (path.starts_with(prefix) && path.find('/', prefix.size()) == std::string::npos) {
+        names.push_back(path.substr(prefix.size()));
+      }
+    }
+    return names;
+  }
 
   platform::FileReadResult read(const std::string& path, std::size_t limit) override {
     const auto file = files_.find(path);

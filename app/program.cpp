@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include <exception>
 #include <utility>
 
 #include "meter/panel_layouts.h"
@@ -21,6 +22,10 @@ Program::Program(const ProgramPorts& ports, const std::string& folder)
       recordListing(form, state, ports.beeper),
       recall(form, state, connection, longWork, recordListing),
       loggerControls(form, state, connection, sampling, recall, ports.messages),
+      fileCommands({form, state, interpreter, waveform, sampling, longWork, connection.operations()},
+                   {ports.files, ports.fileDialogs, ports.messages, ports.clock, ports.beeper,
+                    ports.compoundFiles, ports.documents},
+                   folder),
       pump_(ports.pump),
       messages_(ports.messages),
       searchView_(ports.searchView),
@@ -40,13 +45,14 @@ void Program::tie() {
   };
   interpreter.effects.setSubPan = [this](int mode) { meter::setSubPan(form, mode); };
   interpreter.effects.setTabPan = [this] { meter::setTabPan(form); };
-  dispatcher.sinks.scopeDraw = [this] { waveform.scopeDraw(); };
+  dispatcher.sinks.scopeDraw = [this] { drawFrame(); };
   dispatcher.sinks.dspLog = [this] { recordListing.dspLog(); };
 
   scopeControls.connectEvents();
   meterControls.connectEvents();
   sampling.connectEvents();
   loggerControls.connectEvents();
+  fileCommands.connectEvents();
   form.SSTab1.onSwitch = [this] { meter::SSTab1_Switch(form, state, connection); };
   form.SSTab1.onLook = [this] {
     const protocol::UiBusyScope busy(state);
@@ -62,6 +68,15 @@ void Program::tie() {
     cancelled_ = true;
     connection.endWait();
   };
+}
+
+void Program::drawFrame() {
+  try {
+    waveform.scopeDraw();
+  } catch (const std::exception&) {
+    fileCommands.frameRejected();
+    throw;
+  }
 }
 
 void Program::Form_QueryUnload() {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/settings_file.h"
+#include "files/file_commands.h"
 #include "form/main_form.h"
 #include "link/advice.h"
 #include "link/connection_control.h"
@@ -16,6 +17,9 @@
 #include "meter/record_listing.h"
 #include "meter/sampling.h"
 #include "platform/beeper.h"
+#include "platform/compound_file.h"
+#include "platform/document_opener.h"
+#include "platform/file_dialog.h"
 #include "platform/file_store.h"
 #include "platform/message_box.h"
 #include "platform/message_pump.h"
@@ -39,12 +43,15 @@ struct ProgramPorts {
   platform::Beeper& beeper;
   const platform::WallClock& clock;
   platform::FileStore& files;
+  platform::FileDialogs& fileDialogs;
+  platform::DocumentOpener& documents;
+  platform::CompoundFiles& compoundFiles;
 };
 
 // All parts of the program tied together, still without a toolkit, and the life of its window.
 class Program {
  public:
-  // `folder` is the program's own, where "vireon.ini" lies.
+  // `folder` is the program's own, where "vireon.ini" and the saved files lie.
   Program(const ProgramPorts& ports, const std::string& folder);
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -82,9 +89,11 @@ class Program {
   meter::RecordListing recordListing;
   meter::Recall recall;
   meter::LoggerControls loggerControls;
+  files::FileCommands fileCommands;
 
  private:
   void tie();
+  void drawFrame();
   bool firstRun();
   bool findOnUsb();
   bool identify();

@@ -52,6 +52,27 @@ class NoSearchView : public platform::SearchView {
   void end() override {}
 };
 
+class NoFileDialogs : public platform::FileDialogs {
+ public:
+  std::string openName(const platform::FileQuestion& /*question*/) override { return {}; }
+  std::string saveName(const platform::FileQuestion& /*question*/) override { return {}; }
+};
+
+class NoDocumentOpener : public platform::DocumentOpener {
+ public:
+  bool open(const std::string& /*path*/) override { return false; }
+};
+
+class NoCompoundFiles : public platform::CompoundFiles {
+ public:
+  platform::PackResult pack(std::string_view /*workbook*/) override {
+    return {{}, platform::PackError::kFailed};
+  }
+  platform::UnpackResult unpack(std::string_view /*file*/, std::size_t /*limit*/) override {
+    return {{}, platform::UnpackError::kNotCompound};
+  }
+};
+
 // A simulated instrument whose time moves by a millisecond with each frame.
 struct Bench {
   simulator::ManualClock clock;
@@ -69,7 +90,12 @@ struct Rig : Bench {
   IdlePump pump;
   NoSearchView searchView;
   app::MemoryFileStore files;
-  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files}, ""};
+  NoFileDialogs fileDialogs;
+  NoDocumentOpener documents;
+  NoCompoundFiles compoundFiles;
+  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files, fileDialogs,
+                        documents, compoundFiles},
+                       ""};
 
   Rig() {
     program.Form_Load();

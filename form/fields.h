@@ -51,10 +51,13 @@ class TextBox : public Control {
   }
   // What a mouse button pressed on the box does.
   void mouseDown() const { raise(onMouseDown); }
+  // What a key press that brings the input focus into the box does.
+  void focus() const { raise(onFocus); }
 
   Handler onChange;
   std::function<void(int)> onKeyPress;
   Handler onMouseDown;
+  Handler onFocus;
 
   void accept(ControlVisitor& visitor) override;
 

@@ -89,7 +89,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vireon::bench::NoSearchView searchView;
   vireon::app::MemoryFileStore files;
   files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
-  Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files}, "");
+  vireon::bench::NoFileDialogs fileDialogs;
+  vireon::bench::NoDocumentOpener documents;
+  vireon::bench::NoCompoundFiles compoundFiles;
+  Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files, fileDialogs, documents,
+                   compoundFiles},
+                  "");
   require(program.Form_Load());
   const int before = hid.searches;
   prepare(program, data[0]);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vireon::platform {
 
@@ -38,6 +39,10 @@ class FileStore {
   // Tells whether an ordinary file of that name is listed now; symbolic links are followed. False for an
   // empty path and for folders.
   virtual bool exists(const std::string& path) = 0;
+
+  // The names of the ordinary files in a folder, hidden ones too, in the order of their bytes; symbolic links
+  // are followed. Empty where the folder is not there or closed to this account.
+  virtual std::vector<std::string> list(const std::string& folder) = 0;
 
   // The content of a file of at most `limit` bytes. While the file is being replaced it is the old content
   // or the new one, whole.

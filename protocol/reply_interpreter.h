@@ -34,6 +34,11 @@ class ReplyInterpreter {
   // item silently; what was changed before stays changed. Unknown keys change nothing.
   void dspSinf(std::string_view item);
 
+  // Show the trend plot, or the logger's list, in place of the other; the plot begins empty, and the next
+  // record goes to the list's first row.
+  void enterTrendMode();
+  void enterListMode();
+
  private:
   struct Key;
   static const Key kKeys[];
@@ -63,8 +68,6 @@ class ReplyInterpreter {
   void trendPoint(std::string_view item);
   void loggerRecord(std::string_view item);
   void showTab(int tab);
-  void enterTrendMode();
-  void enterListMode();
   void loggingStatus(int byte);
 
   form::MainForm& form_;

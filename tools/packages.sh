@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2034
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config)
 WINDOW_PACKAGES=(qt6-base-dev qt6-serialport-dev libhidapi-dev libgsf-1-dev fonts-dejavu-core)
-TEST_PACKAGES=(libgtest-dev)
+TEST_PACKAGES=(libgtest-dev strace)
 CHECK_PACKAGES=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev libbenchmark-dev git python3)
 # The programs that workbooks are exchanged with; some 600 MB. Without them those tests are skipped.
 INTEROP_PACKAGES=(python3 python3-xlrd python3-xlwt gnumeric libreoffice-calc-nogui)

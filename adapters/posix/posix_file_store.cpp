@@ -1,10 +1,13 @@
 #include "adapters/posix/posix_file_store.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <filesystem>
 #include <memory>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "adapters/posix/open_file.h"
@@ -155,6 +158,18 @@ PosixFileStore::PosixFileStore(PosixCalls calls) : calls_(std::move(calls)) {}
 bool PosixFileStore::exists(const std::string& path) {
   struct stat status {};
   return isOneName(path) && calls_.stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::vector<std::string> PosixFileStore::list(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  std::filesystem::directory_iterator entry(isOneName(folder) ? folder : "", error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+    std::error_code unknown;
+    if (entry->is_regular_file(unknown)) names.push_back(entry->path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 FileReadResult PosixFileStore::read(const std::string& path, std::size_t limit) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/posix/posix_calls.h"
 #include "platform/file_store.h"
@@ -17,6 +18,7 @@ class PosixFileStore final : public platform::FileStore {
   explicit PosixFileStore(PosixCalls calls = {});
 
   bool exists(const std::string& path) override;
+  std::vector<std::string> list(const std::string& folder) override;
   platform::FileReadResult read(const std::string& path, std::size_t limit) override;
   platform::FileReplace replace(const std::string& path, std::string_view bytes) override;
 

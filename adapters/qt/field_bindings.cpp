@@ -1,6 +1,7 @@
 #include "adapters/qt/field_bindings.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QSignalBlocker>
 #include <QVariant>
 
@@ -9,6 +10,14 @@
 #include "form/text_encoding.h"
 
 namespace vireon::adapters {
+namespace {
+
+bool byKey(Qt::FocusReason reason) {
+  return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+         reason == Qt::ShortcutFocusReason;
+}
+
+}  // namespace
 
 LabelBinding::LabelBinding(const form::Label& control, QLabel& widget)
     : Binding(&widget), control_(control), label_(widget) {}
@@ -59,6 +68,9 @@ void TextBoxBinding::show() {
 bool TextBoxBinding::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::MouseButtonPress && edit_.isEnabled()) {
     control_.mouseDown();
+  }
+  if (event->type() == QEvent::FocusIn && byKey(static_cast<QFocusEvent*>(event)->reason())) {
+    control_.focus();
   }
   return QObject::eventFilter(object, event);
 }

@@ -1,9 +1,14 @@
 #include "adapters/qt/main_window.h"
 
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QScreen>
+#include <QUrl>
 #include <QWindow>
 #include <QtMath>
 #include <algorithm>
@@ -39,6 +44,16 @@ constexpr Lettering kLetterings[] = {
 constexpr const char* kScreens[] = {"settingsLine", "readingDisplay", "lblDmm", "lblVd_0",
                                     "lblVd_1",      "lblHd",          "picTrd"};
 
+// The first file of this computer that a drag carries; empty where there is none.
+QString fileIn(const QMimeData& data) {
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile()) {
+      return url.toLocalFile();
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form), gate_(gate) {
@@ -58,6 +73,7 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
   });
   closer_.setSingleShot(true);
   connect(&closer_, &QTimer::timeout, this, &QWidget::close);
+  takeFiles();
   Form_Resize();
   scalePanel();
 }
@@ -158,6 +174,41 @@ void MainWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::WindowStateChange) {
     snapper_.start();
   }
+}
+
+void MainWindow::takeFiles() {
+  setAcceptDrops(true);
+  dropTaker_.setSingleShot(true);
+  connect(&dropTaker_, &QTimer::timeout, this, [this] {
+    if (takesFiles() && openDropped) {
+      openDropped(dropped_);
+    }
+  });
+  // A file dropped on a box is for the window.
+  for (QLineEdit* box : findChildren<QLineEdit*>()) {
+    box->setAcceptDrops(false);
+  }
+}
+
+bool MainWindow::takesFiles() const {
+  return !gate_.closed() && !gate_.paintingOnly() && (!mayOpen || mayOpen());
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (takesFiles() && fileIn(*event->mimeData()) != QString()) {
+    event->acceptProposedAction();
+  }
+}
+
+// The drag's source may wait for the end of this; a message box would hold it up.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString file = fileIn(*event->mimeData());
+  if (!takesFiles() || file.isEmpty()) {
+    return;
+  }
+  event->acceptProposedAction();
+  dropped_ = file.toStdString();
+  dropTaker_.start(0);
 }
 
 // A request that comes while the window only paints is made again until it does more.

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "adapters/qt/control_binder.h"
@@ -32,6 +33,12 @@ class MainWindow : public QWidget {
   // Asks the window to close at the event loop's next turn.
   void closeLater() { closer_.start(0); }
 
+  // The user asks for a saved file of any kind, or drops one on the window, UTF-8. Left out while a message
+  // is open or the window only paints, and where mayOpen returns False.
+  std::function<bool()> mayOpen;
+  std::function<void()> openSaved;
+  std::function<void(const std::string& path)> openDropped;
+
   ControlBinder& binder() { return *binder_; }
 
  protected:
@@ -40,6 +47,8 @@ class MainWindow : public QWidget {
   void showEvent(QShowEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   struct Placed {
@@ -50,6 +59,8 @@ class MainWindow : public QWidget {
   };
 
   void dress();
+  void takeFiles();
+  bool takesFiles() const;
   void remember();
   void Form_Resize();
   bool isNormal() const;
@@ -58,8 +69,10 @@ class MainWindow : public QWidget {
   form::MainForm& form_;
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
-  QTimer snapper_;  // snaps at the window's next turn
-  QTimer closer_;   // closes at a later turn
+  QTimer snapper_;    // snaps at the window's next turn
+  QTimer closer_;     // closes at a later turn
+  QTimer dropTaker_;  // takes dropped_ at the window's next turn
+  std::string dropped_;
   const ModalGate& gate_;
   QSize asked_;  // the inner size last asked for
   QSize got_;    // and the one there was at that time

@@ -4,7 +4,8 @@ namespace vireon::app {
 
 Session::Session(const SessionPorts& ports, const std::string& folder, adapters::ModalGate& gate)
     : gate_(gate),
-      program_({ports.hid, ports.serialPort, pump_, messages_, searchWindow_, beeper_, clock_, ports.files},
+      program_({ports.hid, ports.serialPort, pump_, messages_, searchWindow_, beeper_, clock_, ports.files,
+                fileDialogs_, documents_, compoundFiles_},
                folder),
       window_(std::make_unique<adapters::MainWindow>(program_.form, gate)) {}
 
@@ -14,8 +15,11 @@ bool Session::show() {
     return false;
   }
   messages_.setParentWindow(window_.get());
+  fileDialogs_.setParentWindow(window_.get());
   searchWindow_.standOver(window_.get());
   window_->mayClose = [this] { return program_.requestClose(); };
+  window_->mayOpen = [this] { return !program_.longWork.running(); };
+  window_->openDropped = [this](const std::string& path) { program_.fileCommands.openSaved(path); };
   program_.closeLater = [this] { window_->closeLater(); };
   program_.connection.unloadForm = [this] { window_->close(); };
   window_->binder().flush();

@@ -3,11 +3,14 @@
 #include <memory>
 #include <string>
 
+#include "adapters/qt/document_opener.h"
+#include "adapters/qt/file_dialogs.h"
 #include "adapters/qt/main_window.h"
 #include "adapters/qt/message_boxes.h"
 #include "adapters/qt/message_pump.h"
 #include "adapters/qt/search_window.h"
 #include "adapters/qt/wall_clock.h"
+#include "adapters/spreadsheet/gsf_compound_files.h"
 #include "app/program.h"
 
 namespace vireon::app {
@@ -36,6 +39,9 @@ class Session {
  private:
   adapters::ModalGate& gate_;
   adapters::QtMessageBoxes messages_{gate_};
+  adapters::QtFileDialogs fileDialogs_{gate_};
+  adapters::QtDocumentOpener documents_;
+  adapters::GsfCompoundFiles compoundFiles_;
   adapters::QtMessagePump pump_;
   adapters::SearchWindow searchWindow_;
   adapters::QtBeeper beeper_;

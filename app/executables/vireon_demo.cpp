@@ -4,13 +4,14 @@
 #include <cstdio>
 #include <utility>
 
+#include "adapters/qt/program_places.h"
 #include "adapters/qt/serial_port.h"
 #include "app/executables/dark_palette.h"
+#include "app/executables/demo_files.h"
 #include "app/executables/pictures.h"
 #include "app/executables/session.h"
 #include "app/executables/tour.h"
 #include "app/executables/until_shown.h"
-#include "app/memory_file_store.h"
 #include "app/simulated_hid.h"
 
 namespace {
@@ -66,9 +67,10 @@ int main(int argc, char** argv) {
   vireon::simulator::UsbEndpoint endpoint(instrument, clock);
   vireon::app::SimulatedHid hid(endpoint, model->second);
   vireon::adapters::QtSerialPort noSerialPort([](int) { return QString(); });
-  vireon::app::MemoryFileStore files;
+  const std::string folder = vireon::adapters::programFolder();
+  vireon::app::DemoFiles files(folder + "/vireon.ini");
   vireon::adapters::ModalGate gate;
-  vireon::app::Session session({hid, noSerialPort, files}, "", gate);
+  vireon::app::Session session({hid, noSerialPort, files}, folder, gate);
   if (!session.show()) {
     return 1;
   }

@@ -257,7 +257,7 @@ TEST_F(Closing, NobodyNeedsToCloseLater) {
 
 TEST_F(Closing, AfterItsEndNoSearchReachesTheProgram) {
   {
-    Program other({hid, serialPort, pump, messages, searchView, beeper, clock, files}, "folder");
+    Program other(ports, "folder");
     EXPECT_TRUE(searchView.onCancel);
   }
   EXPECT_FALSE(searchView.onCancel);

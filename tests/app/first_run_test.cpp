@@ -62,7 +62,7 @@ TEST_F(FirstRun, ASecondStartReadsWhatTheFirstOneWrote) {
   hid.forget();
   searchView.tried.clear();
 
-  Program second({hid, serialPort, pump, messages, searchView, beeper, clock, files}, "folder");
+  Program second(ports, "folder");
   ASSERT_TRUE(second.Form_Load());
 
   EXPECT_EQ(second.form.caption(), "Vireon K7900");

@@ -10,6 +10,9 @@
 #include "simulator/instrument.h"
 #include "simulator/usb_endpoint.h"
 #include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_document_opener.h"
+#include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_file_store.h"
 #include "tests/fakes/fake_message_boxes.h"
 #include "tests/fakes/fake_message_pump.h"
@@ -104,7 +107,12 @@ class ProgramBench {
   FakeMessagePump pump{serialPort};
   FakeSearchView searchView;
   FakeFileStore files;
-  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files}, "folder"};
+  FakeFileDialogs fileDialogs;
+  FakeDocumentOpener documents;
+  FakeCompoundFiles compoundFiles;
+  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files, fileDialogs,
+                        documents, compoundFiles},
+                       "folder"};
 };
 
 }  // namespace vireon::tests

@@ -8,6 +8,9 @@
 
 #include "app/program.h"
 #include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_document_opener.h"
+#include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_file_store.h"
 #include "tests/fakes/fake_message_boxes.h"
 #include "tests/fakes/fake_message_pump.h"
@@ -99,7 +102,12 @@ class StartBench : public testing::Test {
   FakeMessagePump pump{serialPort};
   FakeSearchView searchView;
   FakeFileStore files;
-  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, clock, files}, "folder"};
+  FakeFileDialogs fileDialogs;
+  FakeDocumentOpener documents;
+  FakeCompoundFiles compoundFiles;
+  app::ProgramPorts ports{hid,   serialPort, pump,        messages,  searchView,   beeper,
+                          clock, files,      fileDialogs, documents, compoundFiles};
+  app::Program program{ports, "folder"};
 
  private:
   std::string reply(const std::string& command) const {

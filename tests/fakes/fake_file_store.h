@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/file_store.h"
 
@@ -28,6 +29,17 @@ class FakeFileStore final : public platform::FileStore {
   bool exists(const std::string& path) override {
     ++looks;
     return files.contains(path);
+  }
+
+  std::vector<std::string> list(const std::string& folder) override {
+    const std::string prefix = folder + "/";
+    std::vector<std::string> names;
+    for (const auto& [path, bytes] : files) {
+      if (path.starts_with(prefix) && path.find('/', prefix.size()) == std::string::npos) {
+        names.push_back(path.substr(prefix.size()));
+      }
+    }
+    return names;
   }
 
   platform::FileReadResult read(const std::string& path, std::size_t limit) override {

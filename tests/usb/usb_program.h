@@ -10,6 +10,9 @@
 #include "app/program.h"
 #include "simulator/model.h"
 #include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_document_opener.h"
+#include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_file_store.h"
 #include "tests/fakes/fake_message_boxes.h"
 #include "tests/fakes/fake_serial.h"
@@ -94,7 +97,11 @@ class UsbProgram {
   FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
   FakeSerial serial;
   FakeFileStore files;
-  app::Program program{{hid, serial.port, serial.pump, messages, serial.view, beeper, wallClock, files},
+  FakeFileDialogs fileDialogs;
+  FakeDocumentOpener documents;
+  FakeCompoundFiles compoundFiles;
+  app::Program program{{hid, serial.port, serial.pump, messages, serial.view, beeper, wallClock, files,
+                        fileDialogs, documents, compoundFiles},
                        "folder"};
 };
 

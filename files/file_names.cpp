@@ -1,0 +1,134 @@
+#include "files/file_names.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "form/text_encoding.h"
+
+namespace vireon::files {
+namespace {
+
+char smallLetter(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+}
+
+// Small letters of ASCII and of Latin-1, in UTF-8.
+std::string inSmallLetters(std::string_view text) {
+  std::string result(text);
+  for (std::size_t at = 0; at < result.size(); ++at) {
+    const auto former = static_cast<unsigned char>(at == 0 ? '\0' : result[at - 1]);
+    const auto code = static_cast<unsigned char>(result[at]);
+    if (former == 0xC3 && code >= 0x80 && code <= 0x9E && code != 0x97) {
+      result[at] = static_cast<char>(code + 0x20);
+    } else {
+      result[at] = smallLetter(result[at]);
+    }
+  }
+  return result;
+}
+
+bool hasControlCharacter(std::string_view utf8) {
+  for (std::size_t at = 0; at < utf8.size(); ++at) {
+    const auto former = static_cast<unsigned char>(at == 0 ? '\0' : utf8[at - 1]);
+    const auto code = static_cast<unsigned char>(utf8[at]);
+    if (code < ' ' || code == 0x7F || (former == 0xC2 && code >= 0x80 && code <= 0x9F)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+std::string dateTimeText(const platform::CalendarTime& time) {
+  std::string text;
+  for (const int part : {time.year % 100, time.month, time.day, time.hour, time.minute, time.second}) {
+    text += text.size() == 6 ? "_" : "";
+    text += static_cast<char>('0' + part / 10);
+    text += static_cast<char>('0' + part % 10);
+  }
+  return text;
+}
+
+std::string_view fileNameOf(std::string_view path) {
+  const std::size_t separator = path.rfind('/');
+  return separator == std::string_view::npos ? path : path.substr(separator + 1);
+}
+
+std::string_view baseNameOf(std::string_view path) {
+  const std::string_view name = fileNameOf(path);
+  return name.substr(0, name.find('.'));
+}
+
+std::string extensionOf(std::string_view path) {
+  const std::string_view name = fileNameOf(path);
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos ? "" : inSmallLetters(name.substr(dot));
+}
+
+bool isAllowedName(std::string_view name) {
+  return name.find_first_of("/\\") == std::string_view::npos && name.find("..") == std::string_view::npos &&
+         !hasControlCharacter(name);
+}
+
+std::string findFile(platform::FileStore& files, const std::string& folder, const std::string& name) {
+  const std::string path = folder + "/" + name;
+  if (files.exists(path)) {
+    return path;
+  }
+  const std::vector<std::string> names = files.list(folder);
+  const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& other) {
+    return inSmallLetters(other) == inSmallLetters(name);
+  });
+  return found == names.end() ? path : folder + "/" + *found;
+}
+
+FileNameBox::FileNameBox(form::TextBox& box, platform::FileStore& files, const platform::WallClock& clock,
+                         std::string folder)
+    : box_(box), files_(files), clock_(clock), folder_(std::move(folder)) {
+  box_.onChange = [this] {
+    made_ = false;
+    shown_.clear();
+  };
+}
+
+void FileNameBox::clearPlaceholder() {
+  if (box_.text() == kPlaceholder) {
+    box_.setText("");
+  }
+}
+
+bool FileNameBox::empty() const {
+  return box_.text() == kPlaceholder || box_.text().find_first_not_of(' ') == std::string::npos;
+}
+
+void FileNameBox::make(const std::string& prefix, const std::string& extension) {
+  const std::string stem = prefix + dateTimeText(clock_.now());
+  std::string name = stem;
+  const auto isTaken = [&] {
+    std::string path = folder_;
+    path.append("/").append(name).append(extension);
+    return files_.exists(path);
+  };
+  for (int copy = 2; isTaken(); ++copy) {
+    name = stem;
+    name.append("_").append(std::to_string(copy));
+  }
+  box_.setText(name);
+  made_ = true;
+}
+
+void FileNameBox::show(const std::string& name) {
+  box_.setText(form::text1252FromUtf8(name).text);
+  made_ = false;
+  shown_ = name;
+}
+
+std::string FileNameBox::name() const {
+  if (!shown_.empty()) {
+    return shown_;
+  }
+  return empty() ? std::string() : form::utf8From1252(box_.text());
+}
+
+}  // namespace vireon::files

@@ -1,0 +1,61 @@
+#include "files/trend_commands.h"
+
+#include "files/trend_file.h"
+
+namespace vireon::files {
+namespace {
+
+constexpr std::size_t kLargestFile = 1U << 20U;
+constexpr int kFull = kTrendPoints - 1;  // value of barTrd, the number of the last point from 0
+
+}  // namespace
+
+void TrendCommands::save() {
+  if (name_.empty() || name_.isMade()) {
+    name_.make("Trd_", kExtension);
+  }
+  if (form_.barTrd.value() != kFull) {
+    folder_.say("Not saved: the trend plot has " + std::to_string(points()) + " of its 120 points");
+    return;
+  }
+  if (folder_.allows(name_.name())) {
+    write();
+  }
+}
+
+// A bar at 0 is a plot of one point or an empty one.
+int TrendCommands::points() const {
+  const int last = form_.barTrd.value();
+  const bool first = state_.trdCnt == 0 && !std::holds_alternative<std::monostate>(state_.trdBuf[0]);
+  return last > 0 || first ? last + 1 : 0;
+}
+
+void TrendCommands::saveTrd() {
+  const std::string name = name_.name();
+  if (name_.empty() || name_.isMade() || !isAllowedName(name) || folder_.has(name + kExtension)) {
+    name_.make("Trd_", kExtension);
+  }
+  write();
+}
+
+void TrendCommands::write() {
+  folder_.save(name_.name(), kExtension, trendFile(form_, state_));
+}
+
+void TrendCommands::load(const std::string& path) {
+  form_.picTrd.cls();
+  form_.barTrd.setValue(0);
+  const auto file = folder_.read(path, kLargestFile);
+  if (!file) {
+    return;
+  }
+  const ListReadResult result = readTrend(*file, form_, state_);
+  if (result.error != ListError::kNone) {
+    folder_.sayProblem(path, result, "a number");
+    return;
+  }
+  drawTrend(form_, state_);
+  folder_.sayLoaded(path);
+}
+
+}  // namespace vireon::files

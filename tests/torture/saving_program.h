@@ -1,0 +1,90 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "app/program.h"
+#include "scope/scale_tables.h"
+#include "tests/fakes/fake_beeper.h"
+#include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_document_opener.h"
+#include "tests/fakes/fake_file_dialogs.h"
+#include "tests/fakes/fake_message_boxes.h"
+#include "tests/fakes/fake_message_pump.h"
+#include "tests/fakes/fake_raw_hid.h"
+#include "tests/fakes/fake_search_view.h"
+#include "tests/fakes/fake_serial_port.h"
+#include "tests/fakes/fake_wall_clock.h"
+#include "tests/scope/waveform_frame.h"
+
+namespace vireon::tests {
+
+inline constexpr std::array kSavedKinds = {".wfm", ".trd", ".txt", ".xls"};
+
+enum class SaveOutcome {
+  kSaved,  // the user was told so, of nothing else
+  kTold,   // the user got one message that it failed
+  kOther,  // anything else; none of it may happen
+};
+
+// The program with something of each kind to save, on any file store.
+class SavingProgram {
+ public:
+  SavingProgram(platform::FileStore& files, const std::string& folder)
+      : program_({hid_, serialPort_, pump_, messages_, searchView_, beeper_, clock_, files, fileDialogs_,
+                  documents_, compoundFiles_},
+                 folder) {
+    pump_.timeOut = &program_.form.tmrCom;
+    const protocol::UiBusyScope busy(program_.state);
+    scope::initLbl(program_.form, program_.state);
+    for (form::TextBox& box : program_.form.txtFn) {
+      box.setText("saved");
+    }
+    documents_.answer = false;
+    form::Grid& list = program_.form.grdLog;
+    list.setRows(2000);
+    for (int row = 0; row < list.rows(); ++row) {
+      list.setText(row, 0, std::to_string(row));
+      list.setText(row, 2, "-1.234mV");
+    }
+    program_.form.barTrd.setValue(119);
+  }
+
+  // Saves as "saved" with the extension.
+  SaveOutcome save(const std::string& kind) {
+    form::MainForm& form = program_.form;
+    {
+      const protocol::UiBusyScope busy(program_.state);
+      form.cmbDmod.setListIndex(kind == ".trd" ? 4 : 0);
+    }
+    form.optFmt[kind == ".xls" ? 1 : 0].setValue(true);
+    form.StatusBar1.setPanel(1, "");
+    messages_.shown.clear();
+    form.cmdSave[kind == ".wfm" ? 0 : 1].click();
+    if (kind == ".wfm") {
+      receiveFrame(program_.state, WaveformFields{}.bytes());
+      program_.dispatcher.dspRcv();
+    }
+    const bool saved = form.StatusBar1.panel(1) == "Saved saved" + kind;
+    const bool told = messages_.count() == 1 && messages_.lastText().starts_with("The file was not saved");
+    if (saved == told) {
+      return SaveOutcome::kOther;
+    }
+    return saved ? SaveOutcome::kSaved : SaveOutcome::kTold;
+  }
+
+ private:
+  FakeRawHid hid_;
+  FakeSerialPort serialPort_;
+  FakeMessagePump pump_{serialPort_};
+  FakeMessageBoxes messages_;
+  FakeSearchView searchView_;
+  FakeBeeper beeper_;
+  FakeWallClock clock_;
+  FakeFileDialogs fileDialogs_;
+  FakeDocumentOpener documents_;
+  FakeCompoundFiles compoundFiles_;
+  app::Program program_;
+};
+
+}  // namespace vireon::tests
