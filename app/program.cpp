@@ -26,6 +26,10 @@ Program::Program(const ProgramPorts& ports, const std::string& folder)
                    {ports.files, ports.fileDialogs, ports.messages, ports.clock, ports.beeper,
                     ports.compoundFiles, ports.documents},
                    folder),
+      printOut(ports.desktop.printer, ports.files, ports.clock, folder),
+      listPrint(form, longWork, ports.messages, printOut),
+      frmCapture(ports.desktop.viewer, printOut),
+      screenPrint(form, ports.pump, ports.desktop.steadyClock, ports.desktop.screen),
       pump_(ports.pump),
       messages_(ports.messages),
       searchView_(ports.searchView),
@@ -53,6 +57,9 @@ void Program::tie() {
   sampling.connectEvents();
   loggerControls.connectEvents();
   fileCommands.connectEvents();
+  listPrint.connectEvents();
+  screenPrint.connectEvents();
+  screenPrint.onPicture = [this](capture::Picture picture) { frmCapture.show(std::move(picture)); };
   form.SSTab1.onSwitch = [this] { meter::SSTab1_Switch(form, state, connection); };
   form.SSTab1.onLook = [this] {
     const protocol::UiBusyScope busy(state);
@@ -92,11 +99,13 @@ void Program::Form_QueryUnload() {
 }
 
 void Program::Form_Unload() {
+  frmCapture.Form_Unload();
   connection.release();
 }
 
 bool Program::requestClose() {
   cancelled_ = true;
+  screenPrint.cancel();
   if (connection.operations().running()) {
     closeWanted_ = true;
     connection.endWait();

@@ -5,8 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "app/desktop_ports.h"
 #include "app/settings_file.h"
+#include "capture/screen_print.h"
+#include "capture/viewer.h"
 #include "files/file_commands.h"
+#include "files/list_print.h"
+#include "files/print_out.h"
 #include "form/main_form.h"
 #include "link/advice.h"
 #include "link/connection_control.h"
@@ -46,6 +51,7 @@ struct ProgramPorts {
   platform::FileDialogs& fileDialogs;
   platform::DocumentOpener& documents;
   platform::CompoundFiles& compoundFiles;
+  DesktopPorts desktop;
 };
 
 // All parts of the program tied together, still without a toolkit, and the life of its window.
@@ -90,6 +96,10 @@ class Program {
   meter::Recall recall;
   meter::LoggerControls loggerControls;
   files::FileCommands fileCommands;
+  files::PrintOut printOut;
+  files::ListPrint listPrint;
+  capture::Viewer frmCapture;
+  capture::ScreenPrint screenPrint;
 
  private:
   void tie();

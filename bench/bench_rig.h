@@ -6,6 +6,7 @@
 #include "app/memory_file_store.h"
 #include "app/program.h"
 #include "app/simulated_hid.h"
+#include "tests/fakes/fake_desktop.h"
 
 namespace vireon::bench {
 
@@ -42,6 +43,7 @@ class IdlePump : public platform::MessagePump {
  public:
   void pump() override {}
   void wait() override {}
+  void waitAtMost(std::chrono::milliseconds /*limit*/) override {}
 };
 
 class NoSearchView : public platform::SearchView {
@@ -93,8 +95,9 @@ struct Rig : Bench {
   NoFileDialogs fileDialogs;
   NoDocumentOpener documents;
   NoCompoundFiles compoundFiles;
+  tests::FakeDesktop desktop;
   app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files, fileDialogs,
-                        documents, compoundFiles},
+                        documents, compoundFiles, desktop.ports(files)},
                        ""};
 
   Rig() {

@@ -5,6 +5,7 @@
 #include "bench/bench_rig.h"
 #include "form/text_encoding.h"
 #include "fuzz/frame_script.h"
+#include "tests/fakes/fake_desktop.h"
 
 namespace {
 
@@ -88,12 +89,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vireon::bench::IdlePump pump;
   vireon::bench::NoSearchView searchView;
   vireon::app::MemoryFileStore files;
+  vireon::tests::FakeDesktop desktop;
   files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
   vireon::bench::NoFileDialogs fileDialogs;
   vireon::bench::NoDocumentOpener documents;
   vireon::bench::NoCompoundFiles compoundFiles;
   Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files, fileDialogs, documents,
-                   compoundFiles},
+                   compoundFiles, desktop.ports(files)},
                   "");
   require(program.Form_Load());
   const int before = hid.searches;

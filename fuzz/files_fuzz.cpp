@@ -5,6 +5,7 @@
 
 #include "bench/bench_rig.h"
 #include "fuzz/saved_file.h"
+#include "tests/fakes/fake_desktop.h"
 
 namespace {
 
@@ -86,9 +87,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vireon::bench::NoDocumentOpener documents;
   vireon::bench::NoCompoundFiles compoundFiles;
   vireon::app::MemoryFileStore files;
+  vireon::tests::FakeDesktop desktop;
   files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
   Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files, fileDialogs, documents,
-                   compoundFiles},
+                   compoundFiles, desktop.ports(files)},
                   "");
   require(program.Form_Load());
   const std::string extension = vireon::fuzz::kExtensions[data[0] % vireon::fuzz::kExtensions.size()];

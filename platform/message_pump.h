@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 namespace vireon::platform {
 
 // Lets the program's events happen while a handler waits: input, timers, arrivals, painting.
@@ -15,6 +17,9 @@ class MessagePump {
 
   // Sleeps until something happens, without a limit, and handles it.
   virtual void wait() = 0;
+
+  // The same, but sleeps no longer than `limit`.
+  virtual void waitAtMost(std::chrono::milliseconds limit) = 0;
 };
 
 }  // namespace vireon::platform

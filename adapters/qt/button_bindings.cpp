@@ -4,6 +4,7 @@
 #include <QKeySequence>
 #include <QSignalBlocker>
 #include <QVariant>
+#include <utility>
 
 #include "adapters/qt/colors.h"
 #include "adapters/qt/text.h"
@@ -39,6 +40,18 @@ void CaptionBinding::show() {
 ButtonBinding::ButtonBinding(const form::Button& control, QAbstractButton& widget)
     : CaptionBinding(control, widget) {
   QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&control] { control.click(); });
+}
+
+void ButtonBinding::enable(bool enabled) {
+  const QWidget& window = *button().window();
+  const bool hadFocus = window.focusWidget() == &button();
+  Binding::enable(enabled);
+  if (!enabled && hadFocus) {
+    lostFocus_ = true;
+    focusAfter_ = window.focusWidget();
+  } else if (enabled && std::exchange(lostFocus_, false) && window.focusWidget() == focusAfter_) {
+    button().setFocus();
+  }
 }
 
 ActionBinding::ActionBinding(const form::Button& control, QAction& action)

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QPointer>
 #include <vector>
 
 #include "adapters/qt/binding.h"
@@ -28,6 +29,13 @@ class CaptionBinding : public Binding {
 class ButtonBinding : public CaptionBinding {
  public:
   ButtonBinding(const form::Button& control, QAbstractButton& widget);
+
+  // A button that is disabled while it has the focus has it again when enabled, unless the user moved it on.
+  void enable(bool enabled) override;
+
+ private:
+  bool lostFocus_ = false;
+  QPointer<QWidget> focusAfter_;  // where the toolkit put it then
 };
 
 // A button that is an entry of a menu.

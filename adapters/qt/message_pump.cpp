@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QTimer>
 
 namespace vireon::adapters {
 
@@ -11,6 +12,14 @@ void QtMessagePump::pump() {
 
 void QtMessagePump::wait() {
   QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+void QtMessagePump::waitAtMost(std::chrono::milliseconds limit) {
+  QTimer end;
+  end.setTimerType(Qt::PreciseTimer);
+  end.setSingleShot(true);
+  end.start(limit);
+  wait();
 }
 
 }  // namespace vireon::adapters

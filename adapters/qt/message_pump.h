@@ -9,6 +9,7 @@ class QtMessagePump : public platform::MessagePump {
  public:
   void pump() override;
   void wait() override;
+  void waitAtMost(std::chrono::milliseconds limit) override;
 };
 
 }  // namespace vireon::adapters

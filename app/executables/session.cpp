@@ -5,9 +5,17 @@ namespace vireon::app {
 Session::Session(const SessionPorts& ports, const std::string& folder, adapters::ModalGate& gate)
     : gate_(gate),
       program_({ports.hid, ports.serialPort, pump_, messages_, searchWindow_, beeper_, clock_, ports.files,
-                fileDialogs_, documents_, compoundFiles_},
+                fileDialogs_, documents_, compoundFiles_, desktopPorts(ports)},
                folder),
       window_(std::make_unique<adapters::MainWindow>(program_.form, gate)) {}
+
+DesktopPorts Session::desktopPorts(const SessionPorts& ports) {
+  return {desktop_.steadyClock,
+          desktop_.screen,
+          ports.printer == nullptr ? desktop_.printer : *ports.printer,
+          {desktop_.viewers, desktop_.viewerDialogs, ports.files, desktop_.viewerMessages, desktop_.clipboard,
+           desktop_.png}};
+}
 
 bool Session::show() {
   messages_.setParentWindow(&searchWindow_);
@@ -16,6 +24,7 @@ bool Session::show() {
   }
   messages_.setParentWindow(window_.get());
   fileDialogs_.setParentWindow(window_.get());
+  desktop_.screen.setMainWindow(window_.get());
   searchWindow_.standOver(window_.get());
   window_->mayClose = [this] { return program_.requestClose(); };
   window_->mayOpen = [this] { return !program_.longWork.running(); };

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/qt/desktop.h"
 #include "adapters/qt/document_opener.h"
 #include "adapters/qt/file_dialogs.h"
 #include "adapters/qt/main_window.h"
@@ -20,6 +21,7 @@ struct SessionPorts {
   platform::RawHid& hid;
   platform::SerialPort& serialPort;
   platform::FileStore& files;
+  platform::Printer* printer = nullptr;  // null for the system's
 };
 
 // The program with its window on this desktop. Needs a running QApplication; the ports and the gate outlive
@@ -37,6 +39,8 @@ class Session {
   adapters::MainWindow& window() { return *window_; }
 
  private:
+  DesktopPorts desktopPorts(const SessionPorts& ports);
+
   adapters::ModalGate& gate_;
   adapters::QtMessageBoxes messages_{gate_};
   adapters::QtFileDialogs fileDialogs_{gate_};
@@ -46,6 +50,7 @@ class Session {
   adapters::SearchWindow searchWindow_;
   adapters::QtBeeper beeper_;
   adapters::QtWallClock clock_;
+  adapters::Desktop desktop_{gate_};
   Program program_;
   std::unique_ptr<adapters::MainWindow> window_;
 };

@@ -11,6 +11,7 @@
 #include "simulator/usb_endpoint.h"
 #include "tests/fakes/fake_beeper.h"
 #include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_document_opener.h"
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_file_store.h"
@@ -110,8 +111,9 @@ class ProgramBench {
   FakeFileDialogs fileDialogs;
   FakeDocumentOpener documents;
   FakeCompoundFiles compoundFiles;
+  FakeDesktop desktop;
   app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files, fileDialogs,
-                        documents, compoundFiles},
+                        documents, compoundFiles, desktop.ports(files)},
                        "folder"};
 };
 

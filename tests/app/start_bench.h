@@ -9,6 +9,7 @@
 #include "app/program.h"
 #include "tests/fakes/fake_beeper.h"
 #include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_document_opener.h"
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_file_store.h"
@@ -105,8 +106,9 @@ class StartBench : public testing::Test {
   FakeFileDialogs fileDialogs;
   FakeDocumentOpener documents;
   FakeCompoundFiles compoundFiles;
-  app::ProgramPorts ports{hid,   serialPort, pump,        messages,  searchView,   beeper,
-                          clock, files,      fileDialogs, documents, compoundFiles};
+  FakeDesktop desktop;
+  app::ProgramPorts ports{hid,   serialPort, pump,        messages,  searchView,    beeper,
+                          clock, files,      fileDialogs, documents, compoundFiles, desktop.ports(files)};
   app::Program program{ports, "folder"};
 
  private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -24,7 +25,9 @@ class FakeMessagePump final : public platform::MessagePump {
   std::deque<std::function<void()>> atPump;      // one for each pump(), in order
   std::size_t waits = 0;
   std::size_t pumps = 0;
+  std::size_t limitedWaits = 0;
   std::size_t timeOuts = 0;
+  std::function<void(std::chrono::milliseconds)> atLimitedWait;  // what each waitAtMost() does
   int lastTimeOut = 0;  // interval of the time-out that passed last, milliseconds
 
   void pump() override {
@@ -50,6 +53,14 @@ class FakeMessagePump final : public platform::MessagePump {
       lastTimeOut = timeOut->interval();
       timeOut->tick();
     }
+  }
+
+  void waitAtMost(std::chrono::milliseconds limit) override {
+    ++limitedWaits;
+    if (!atLimitedWait) {
+      throw std::logic_error("endless wait");
+    }
+    atLimitedWait(limit);
   }
 
  private:

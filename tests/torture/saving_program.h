@@ -7,6 +7,7 @@
 #include "scope/scale_tables.h"
 #include "tests/fakes/fake_beeper.h"
 #include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_document_opener.h"
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_message_boxes.h"
@@ -32,7 +33,7 @@ class SavingProgram {
  public:
   SavingProgram(platform::FileStore& files, const std::string& folder)
       : program_({hid_, serialPort_, pump_, messages_, searchView_, beeper_, clock_, files, fileDialogs_,
-                  documents_, compoundFiles_},
+                  documents_, compoundFiles_, desktop_.ports(files)},
                  folder) {
     pump_.timeOut = &program_.form.tmrCom;
     const protocol::UiBusyScope busy(program_.state);
@@ -84,6 +85,7 @@ class SavingProgram {
   FakeFileDialogs fileDialogs_;
   FakeDocumentOpener documents_;
   FakeCompoundFiles compoundFiles_;
+  FakeDesktop desktop_;
   app::Program program_;
 };
 

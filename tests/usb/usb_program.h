@@ -11,6 +11,7 @@
 #include "simulator/model.h"
 #include "tests/fakes/fake_beeper.h"
 #include "tests/fakes/fake_compound_files.h"
+#include "tests/fakes/fake_desktop.h"
 #include "tests/fakes/fake_document_opener.h"
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_file_store.h"
@@ -100,8 +101,9 @@ class UsbProgram {
   FakeFileDialogs fileDialogs;
   FakeDocumentOpener documents;
   FakeCompoundFiles compoundFiles;
+  FakeDesktop desktop;
   app::Program program{{hid, serial.port, serial.pump, messages, serial.view, beeper, wallClock, files,
-                        fileDialogs, documents, compoundFiles},
+                        fileDialogs, documents, compoundFiles, desktop.ports(files)},
                        "folder"};
 };
 

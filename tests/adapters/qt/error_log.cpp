@@ -12,8 +12,9 @@ QStringList& ErrorLogListener::lines() {
 ErrorLogListener::ErrorLogListener() {
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& line) {
     std::fprintf(stderr, "%s\n", qUtf8Printable(line));
-    // The offscreen platform says so for every dialog.
-    const bool announced = line == QLatin1String("This plugin does not support propagateSizeHints()");
+    // The offscreen platform says so for every dialog and for every window that is to come to the front.
+    const bool announced = line == QLatin1String("This plugin does not support propagateSizeHints()") ||
+                           line == QLatin1String("This plugin does not support raise()");
     if (type != QtDebugMsg && type != QtInfoMsg && !announced) {
       lines().append(line);
     }

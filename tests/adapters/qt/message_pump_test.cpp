@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QTimer>
 
@@ -35,6 +37,25 @@ TEST(QtMessagePumpTest, WaitSleepsUntilSomethingHappens) {
     ++turns;
   }
   EXPECT_LT(turns, 20);
+}
+
+TEST(QtMessagePumpTest, AWaitWithALimitEndsThoughNothingHappens) {
+  adapters::QtMessagePump pump;
+  QElapsedTimer time;
+  time.start();
+  const std::chrono::milliseconds limit(50);
+  while (!time.hasExpired(limit.count())) pump.waitAtMost(limit);
+  EXPECT_TRUE(time.hasExpired(limit.count()));
+}
+
+TEST(QtMessagePumpTest, AWaitWithALimitEndsWithWhatHappensFirst) {
+  adapters::QtMessagePump pump;
+  QApplication::processEvents();
+  bool ticked = false;
+  QTimer::singleShot(20, qApp, [&] { ticked = true; });
+  const QDeadlineTimer patience(30000);
+  while (!ticked && !patience.hasExpired()) pump.waitAtMost(std::chrono::hours(1));
+  EXPECT_TRUE(ticked);
 }
 
 TEST(QtMessagePumpTest, AWaitInsideAHandlerOfAWaitSeesTheNextEvent) {
