@@ -10,7 +10,8 @@
 namespace vireon::adapters {
 
 std::string programFolder(const QString& executableFolder, const QString& userData) {
-  if (QFileInfo(executableFolder).isWritable()) {
+  const QFileInfo own(executableFolder);
+  if (own.fileName() != QLatin1String("bin") && own.isWritable()) {
     return executableFolder.toStdString();
   }
   QDir().mkpath(userData);

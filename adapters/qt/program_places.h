@@ -7,7 +7,8 @@
 namespace vireon::adapters {
 
 // The folder in which the program keeps its files: the executable's own where this account may write there,
-// otherwise `userData`, which is made where it is missing. UTF-8.
+// otherwise `userData`, which is made where it is missing. A folder named "bin" belongs to many programs and
+// is never chosen, not even for an account that may write everywhere. UTF-8.
 std::string programFolder(const QString& executableFolder, const QString& userData);
 
 // The same for the running program.

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "adapters/qt/desktop_identity.h"
 #include "adapters/qt/program_places.h"
 #include "adapters/qt/serial_port.h"
 #include "app/executables/dark_palette.h"
@@ -25,12 +26,13 @@ constexpr std::array<std::pair<const char*, Model>, 4> kModels = {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("vireon-demo"));
+  vireon::adapters::setDesktopIdentity(QStringLiteral("vireon-demo"));
   QApplication::setStyle(QStringLiteral("Fusion"));
 
   QCommandLineParser options;
   options.setApplicationDescription(QStringLiteral("The Vireon window on a simulated instrument."));
   options.addHelpOption();
+  options.addVersionOption();
   const QCommandLineOption modelOption(
       QStringLiteral("model"), QStringLiteral("Simulate <model>: K7310 (default), K7210, K7201 or K7900."),
       QStringLiteral("model"), QStringLiteral("K7310"));

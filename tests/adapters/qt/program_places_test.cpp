@@ -85,7 +85,7 @@ class ProgramFolder : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  const std::string executables_ = folder_.file("bin");
+  const std::string executables_ = folder_.file("portable");
   const std::string userData_ = folder_.file("share/deep/vireon");
 };
 
@@ -101,6 +101,13 @@ TEST_F(ProgramFolder, IsTheUsersWhereTheExecutablesIsNotWritableAndIsMade) {
   fs::permissions(folder_.path(), fs::perms(0777));
   const Unprivileged account;
   EXPECT_EQ(chosen(), userData_);
+  EXPECT_TRUE(fs::is_directory(userData_));
+}
+
+TEST_F(ProgramFolder, IsTheUsersForAnInstalledProgramOfAnAccountThatMayWriteEverywhere) {
+  const std::string installed = folder_.file("bin");
+  fs::create_directory(installed);
+  EXPECT_EQ(programFolder(QString::fromStdString(installed), QString::fromStdString(userData_)), userData_);
   EXPECT_TRUE(fs::is_directory(userData_));
 }
 

@@ -1,0 +1,28 @@
+#include "adapters/qt/desktop_identity.h"
+
+#include <QApplication>
+
+// Q_INIT_RESOURCE works in the global namespace alone; without it a static library's resources are left out.
+static void initIcons() {
+  Q_INIT_RESOURCE(icons);
+}
+
+namespace vireon::adapters {
+
+QIcon programIcon() {
+  initIcons();
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    icon.addFile(QStringLiteral(":/vireon/icon-%1.png").arg(size), QSize(size, size));
+  }
+  return icon;
+}
+
+void setDesktopIdentity(const QString& name) {
+  QApplication::setApplicationName(name);
+  QApplication::setApplicationVersion(QStringLiteral(VIREON_VERSION));
+  QApplication::setDesktopFileName(name);
+  QApplication::setWindowIcon(programIcon());
+}
+
+}  // namespace vireon::adapters
