@@ -9,6 +9,8 @@ INTEROP_PACKAGES=(python3 python3-xlrd python3-xlwt gnumeric libreoffice-calc-no
 USB_PACKAGES=(qemu-system-x86 busybox-static kmod cpio)
 # Other programs of a desktop; the tests that want one are skipped where it is missing.
 CAPTURE_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick weston qt6-wayland cups cups-client cups-filters poppler-utils)
+# dpkg-dev alone makes the package; the others look at it.
+PACKAGING_PACKAGES=(dpkg-dev lintian appstream desktop-file-utils man-db mandoc librsvg2-bin debootstrap)
 
 # install_packages NAME...: installs those that are missing, as root or with sudo.
 install_packages() {
