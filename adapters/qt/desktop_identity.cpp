@@ -13,7 +13,7 @@ QIcon programIcon() {
   initIcons();
   QIcon icon;
   for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-    icon.addFile(QStringLiteral(":/vireon/icon-%1.png").arg(size), QSize(size, size));
+    icon.addFile(QStringLiteral(":/vireon/icon-%1.png").arg(size));
   }
   return icon;
 }
