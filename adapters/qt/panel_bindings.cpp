@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <algorithm>
 #include <utility>
 
 #include "adapters/qt/picture_view.h"
@@ -75,10 +76,25 @@ StatusBarBinding::StatusBarBinding(const form::StatusBar& control, QWidget& widg
 void StatusBarBinding::show() {
   for (int panel = 1; panel <= form::StatusBar::kPanels; ++panel) {
     if (QLabel* const label = labels_.at(static_cast<std::size_t>(panel - 1))) {
-      label->setText(shown(control_.panel(panel)));
-      label->setToolTip(shown(control_.toolTip(panel)));
+      const QString text = shown(control_.panel(panel));
+      const QString fitting = QFontMetrics(label->font()).elidedText(text, Qt::ElideRight, roomOf(*label));
+      const QString toolTip = shown(control_.toolTip(panel));
+      label->setText(fitting);
+      label->setToolTip(toolTip.isEmpty() && fitting != text ? text : toolTip);
+      label->setAccessibleDescription(text);
     }
   }
+}
+
+// Up to the next widget that stands in its way.
+int StatusBarBinding::roomOf(const QLabel& label) const {
+  int end = label.geometry().right() + 1;
+  for (const QWidget* other : widget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (other != &label && !other->isHidden() && other->x() > label.x()) {
+      end = std::min(end, other->x());
+    }
+  }
+  return end - label.x();
 }
 
 GridBinding::GridBinding(form::Grid& control, QTableView& widget)

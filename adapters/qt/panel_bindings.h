@@ -59,13 +59,16 @@ class TabControlBinding : public Binding {
   QTabBar& tabs_;
 };
 
-// Panel N of the status bar is the child label named like the bar with "_N".
+// Panel N of the status bar is the child label named like the bar with "_N". A text that has no room is cut
+// with an ellipsis and shown whole where the pointer rests.
 class StatusBarBinding : public Binding {
  public:
   StatusBarBinding(const form::StatusBar& control, QWidget& widget);
   void show() override;
 
  private:
+  int roomOf(const QLabel& label) const;
+
   const form::StatusBar& control_;
   std::array<QLabel*, form::StatusBar::kPanels> labels_{};
 };

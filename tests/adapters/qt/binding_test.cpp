@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include "adapters/qt/lamp.h"
+#include "link/long_work.h"
 #include "tests/adapters/qt/window_fixture.h"
 
 namespace vireon::tests {
@@ -164,6 +165,30 @@ TEST(Refresh, OfALampPaintsItBeforeTheWindowsNextTurn) {
   form.Txled[1].setFillColor(form::kGreen);
   form.Txled[1].refresh();
   EXPECT_EQ(window.findChild<adapters::Lamp*>(QStringLiteral("Txled_1"))->color(), form::kGreen);
+}
+
+TEST_F(BindingOf, AStatusTextWithoutRoomIsCutWithAnEllipsisAndWholeInItsToolTip) {
+  const std::string text(300, 'w');
+  const auto* label = find<QLabel>("StatusBar1_1");
+  form().StatusBar1.setPanel(1, text);
+  turn();
+  EXPECT_TRUE(label->text().endsWith(QChar(0x2026)));
+  EXPECT_LE(QFontMetrics(label->font()).horizontalAdvance(label->text()), label->width());
+  EXPECT_EQ(label->toolTip().toStdString(), text);
+  EXPECT_EQ(label->accessibleDescription().toStdString(), text);
+
+  const link::LongWork::Scope work(program().longWork, 10);
+  form().StatusBar1.setPanel(1, text + "w");
+  turn();
+  EXPECT_LE(label->x() + QFontMetrics(label->font()).horizontalAdvance(label->text()), find("barWork")->x());
+}
+
+TEST_F(BindingOf, AStatusTextWithRoomHasTheToolTipOfItsPanel) {
+  form().StatusBar1.setPanel(1, "short");
+  form().StatusBar1.setToolTip(1, "what it means");
+  turn();
+  EXPECT_EQ(find<QLabel>("StatusBar1_1")->text(), QStringLiteral("short"));
+  EXPECT_EQ(find<QLabel>("StatusBar1_1")->toolTip(), QStringLiteral("what it means"));
 }
 
 TEST_F(BindingOf, TheGridShowsItsRowsBelowTheHeader) {
