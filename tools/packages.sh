@@ -12,6 +12,11 @@ CAPTURE_PACKAGES=(xvfb openbox xdotool x11-utils imagemagick weston qt6-wayland 
 # dpkg-dev alone makes the package; the others look at it.
 PACKAGING_PACKAGES=(dpkg-dev lintian appstream desktop-file-utils man-db mandoc librsvg2-bin debootstrap)
 
+# package_flags VARIABLE: what Debian's own packages are built with; from the project's folder.
+package_flags() {
+  DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get "$1"
+}
+
 # install_packages NAME...: installs those that are missing, as root or with sudo.
 install_packages() {
   local missing=() package
