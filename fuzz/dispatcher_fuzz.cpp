@@ -1,28 +1,14 @@
 #include <algorithm>
-#include <cstdlib>
 #include <span>
 
-#include "bench/bench_rig.h"
 #include "form/text_encoding.h"
 #include "fuzz/frame_script.h"
-#include "tests/fakes/fake_desktop.h"
+#include "fuzz/program_rig.h"
 
 namespace {
 
 using vireon::app::Program;
-
-// No device; counts how often the program wanted to send.
-class AbsentHid : public vireon::platform::RawHid {
- public:
-  std::vector<vireon::platform::HidNode> list() override {
-    ++searches;
-    return {};
-  }
-  vireon::platform::HidOpenResult open(const vireon::platform::HidNode& /*node*/) override {
-    return {nullptr, vireon::platform::HidOpenError::kNotFound};
-  }
-  int searches = 0;
-};
+using vireon::fuzz::require;
 
 void prepare(Program& program, std::uint8_t setup) {
   const vireon::protocol::UiBusyScope busy(program.state);
@@ -38,12 +24,6 @@ void receive(Program& program, std::span<const std::uint8_t> text) {
   std::copy(text.begin(), text.end(), program.state.rxBuf.begin() + 1);
   program.state.rxLen = static_cast<int>(text.size());
   program.dispatcher.dspRcv();
-}
-
-void require(bool invariant) {
-  if (!invariant) {
-    std::abort();
-  }
 }
 
 bool isUtf8(const std::string& text) {
@@ -81,31 +61,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) {
     return 0;
   }
-  AbsentHid hid;
-  vireon::bench::SilentMessages messages;
-  vireon::bench::SilentBeeper beeper;
-  vireon::bench::FixedClock clock;
-  vireon::bench::NoSerialPort serialPort;
-  vireon::bench::IdlePump pump;
-  vireon::bench::NoSearchView searchView;
-  vireon::app::MemoryFileStore files;
-  vireon::tests::FakeDesktop desktop;
-  files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
-  vireon::bench::NoFileDialogs fileDialogs;
-  vireon::bench::NoDocumentOpener documents;
-  vireon::bench::NoCompoundFiles compoundFiles;
-  Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files, fileDialogs, documents,
-                   compoundFiles, desktop.ports(files)},
-                  "");
-  require(program.Form_Load());
-  const int before = hid.searches;
+  vireon::fuzz::ProgramRig rig;
+  Program& program = rig.program;
+  const int before = rig.hid.searches;
   prepare(program, data[0]);
   std::span<const std::uint8_t> rest(data + 1, size - 1);
   while (!rest.empty()) {
     const auto end = std::find(rest.begin(), rest.end(), vireon::fuzz::kFrameEnd);
     const auto length = std::min<std::size_t>(600, static_cast<std::size_t>(end - rest.begin()));
     receive(program, rest.first(length));
-    checkInvariants(program, hid.searches - before);
+    checkInvariants(program, rig.hid.searches - before);
     rest = rest.subspan(std::min(rest.size(), length + 1));
   }
   return 0;

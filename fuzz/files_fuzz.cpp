@@ -1,29 +1,14 @@
 #include <cmath>
-#include <cstdlib>
 #include <string>
 #include <variant>
 
-#include "bench/bench_rig.h"
+#include "fuzz/program_rig.h"
 #include "fuzz/saved_file.h"
-#include "tests/fakes/fake_desktop.h"
 
 namespace {
 
 using vireon::app::Program;
-
-class AbsentHid : public vireon::platform::RawHid {
- public:
-  std::vector<vireon::platform::HidNode> list() override { return {}; }
-  vireon::platform::HidOpenResult open(const vireon::platform::HidNode& /*node*/) override {
-    return {nullptr, vireon::platform::HidOpenError::kNotFound};
-  }
-};
-
-void require(bool invariant) {
-  if (!invariant) {
-    std::abort();
-  }
-}
+using vireon::fuzz::require;
 
 std::string bytesOf(vireon::app::MemoryFileStore& files, const std::string& name) {
   return files.read("/" + name, std::size_t{1} << 30U).bytes;
@@ -76,23 +61,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) {
     return 0;
   }
-  AbsentHid hid;
-  vireon::bench::SilentMessages messages;
-  vireon::bench::SilentBeeper beeper;
-  vireon::bench::FixedClock clock;
-  vireon::bench::NoSerialPort serialPort;
-  vireon::bench::IdlePump pump;
-  vireon::bench::NoSearchView searchView;
-  vireon::bench::NoFileDialogs fileDialogs;
-  vireon::bench::NoDocumentOpener documents;
-  vireon::bench::NoCompoundFiles compoundFiles;
-  vireon::app::MemoryFileStore files;
-  vireon::tests::FakeDesktop desktop;
-  files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
-  Program program({hid, serialPort, pump, messages, searchView, beeper, clock, files, fileDialogs, documents,
-                   compoundFiles, desktop.ports(files)},
-                  "");
-  require(program.Form_Load());
+  vireon::fuzz::ProgramRig rig;
+  Program& program = rig.program;
+  vireon::app::MemoryFileStore& files = rig.files;
   const std::string extension = vireon::fuzz::kExtensions[data[0] % vireon::fuzz::kExtensions.size()];
   files.replace("/a" + extension, std::string(data + 1, data + size));
   program.fileCommands.openSaved("/a" + extension);
