@@ -27,7 +27,10 @@ constexpr std::size_t kList = 0x4C;
 
 // Places in an entry of the folder.
 constexpr std::size_t kEntryKind = 0x42;
+constexpr std::size_t kEntryBefore = 0x44;
+constexpr std::size_t kEntryBehind = 0x48;
 constexpr std::size_t kEntrySize = 0x78;
+constexpr std::uint32_t kNoEntry = 0xFFFFFFFF;
 constexpr unsigned kStreamKind = 2;
 
 class Container {
@@ -95,7 +98,13 @@ class Container {
       if (count == most || !next || !place || !areEntriesSound(*place)) return false;
       sector = *next;
     }
-    return u32(kFolderStart) < kMostSectors;
+    return u32(kFolderStart) < kMostSectors && standsAlone(u32(kFolderStart));
+  }
+
+  // The root, the first entry, has no neighbours; the library loses those that it is said to have.
+  bool standsAlone(std::uint32_t sector) const {
+    const auto root = sectorPlace(sector);
+    return root && u32(*root + kEntryBefore) == kNoEntry && u32(*root + kEntryBehind) == kNoEntry;
   }
 
   // No stream of this sector claims more bytes than the file has.

@@ -39,6 +39,15 @@ TEST(ContainerCheck, FindsNothingInASoundOne) {
             ContainerFault::kDamaged);
 }
 
+TEST(ContainerCheck, ARootWithNeighbours) {
+  for (const bool before : {true, false}) {
+    Container container = folderOf(3);
+    (before ? container.entries[0].left : container.entries[0].right) = 2;
+    EXPECT_EQ(containerFault(container.bytes()), ContainerFault::kDamaged);
+  }
+  EXPECT_EQ(containerFault(folderOf(3).bytes()), ContainerFault::kNone);
+}
+
 TEST(ContainerCheck, HeaderOfAnotherShape) {
   EXPECT_EQ(withHeader(0, 0), ContainerFault::kNotCompound);
   EXPECT_EQ(withHeader(0x1C, 0xFEFF, 2), ContainerFault::kDamaged);
