@@ -22,7 +22,7 @@ double secondsOf(std::string text) {
     return text.find('-') == std::string::npos ? Sampling::kLongest + 1 : 0;
   }
   const bool wholeText = end == digits.data() + digits.size();
-  return error == std::errc() && wholeText && std::isfinite(value) ? value : 0;
+  return wholeText && std::isfinite(value) ? value : 0;
 }
 
 }  // namespace

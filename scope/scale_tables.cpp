@@ -11,10 +11,11 @@ namespace {
 
 template <std::size_t N>
 const std::string& entry(const std::array<std::string, N>& table, int code) {
-  if (code < 0 || static_cast<std::size_t>(code) >= N) {
+  const auto index = static_cast<std::size_t>(code);
+  if (index >= N) {
     throw form::Fault(form::FaultKind::kBounds);
   }
-  return table[static_cast<std::size_t>(code)];
+  return table[index];
 }
 
 void fillLabels(protocol::ScaleLabels& labels) {

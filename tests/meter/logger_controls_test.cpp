@@ -66,7 +66,7 @@ TEST_F(LoggerPanelControls, AFullTrendPlotEnablesTheExportAndSendsNothing) {
   EXPECT_EQ(hid.commands, Texts{});
   EXPECT_TRUE(form.cmdLoad[1].enabled());
   EXPECT_TRUE(state.logEnd);
-  EXPECT_NE(form.StatusBar1.panel(1), "");
+  EXPECT_EQ(form.StatusBar1.panel(1), "The trend plot is full: press \"Clr\" first");
   expectIdle();
 }
 
@@ -111,8 +111,11 @@ TEST_F(LoggerPanelControls, ClearingPreparesTheListAndThePlot) {
   form.barTrd.setValue(60);
   state.logRow = 37;
   state.logEnd = true;
+  form.StatusBar1.setPanel(1, "told before");
 
   form.cmdLog[1].click();
+
+  EXPECT_EQ(form.StatusBar1.panel(1), "told before");
 
   EXPECT_EQ(hid.commands, Texts{"DPC02;STS??"});
   EXPECT_EQ(form.grdLog.rows(), 13);

@@ -24,7 +24,7 @@ class ParameterCheck : public testing::Test {
 };
 
 TEST_F(ParameterCheck, TakesWhatTheInstrumentCanTell) {
-  for (const char* text : {"00001", "-1.234mV", "1.5k\xB5", " 1 V ", "?", "\x80", "0"}) {
+  for (const char* text : {"00001", "-1.234mV", "1.5k\xB5", " 1 V ", "?", "\x80", "\xA0", "0"}) {
     EXPECT_TRUE(accepted(text)) << text;
   }
   EXPECT_EQ(messages_.count(), 0U);
@@ -42,6 +42,7 @@ TEST_F(ParameterCheck, RefusesWithOneMessageThatNamesTheBoxAndTheReason) {
       {"1,2", "\"Sample Time(sec)\" must not contain \";\" or \",\"."},
       {"1\x03", "\"Sample Time(sec)\" must not contain a control character."},
       {std::string(1, '\0'), "\"Sample Time(sec)\" must not contain a control character."},
+      {"1\x1F", "\"Sample Time(sec)\" must not contain a control character."},
       {"1\t", "\"Sample Time(sec)\" must not contain a control character."},
       {"\x7F", "\"Sample Time(sec)\" must not contain a control character."},
       {"\x81", "\"Sample Time(sec)\" must not contain a control character."},
@@ -66,6 +67,12 @@ TEST_F(ParameterCheck, RefusesALetterOutsideTheCodePageUntilItIsGone) {
   form_.txtLog[0].type("1\xCE\xA9");
   form_.txtLog[0].setText("1?");
   EXPECT_TRUE(accepted());
+}
+
+TEST_F(ParameterCheck, NamesABoxWithoutTheColonAndBlanksAtItsCaptionsEnd) {
+  form_.lblSrdg[1].setCaption("Stop Address : ");
+  EXPECT_FALSE(accepted(""));
+  EXPECT_EQ(messages_.lastText(), "\"Stop Address\" must not be empty.");
 }
 
 TEST_F(ParameterCheck, NamesABoxInUtf8) {

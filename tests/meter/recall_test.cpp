@@ -38,6 +38,14 @@ TEST_F(RecallTest, WindsBackClearsTheListAndFetchesDumpsUntilTheEndRecord) {
   expectEnded();
 }
 
+TEST_F(RecallTest, ShowsABarWithoutARangeAsTheNumberOfRecordsIsNotKnown) {
+  fillMemory(2);
+  int largest = -1;
+  atTurn(0, [&] { largest = form.barWork.maximum(); });
+  press();
+  EXPECT_EQ(largest, 0);
+}
+
 TEST_F(RecallTest, OfAnEmptyMemoryIsCompleteWithoutRecords) {
   fillMemory(0);
   press();

@@ -61,6 +61,18 @@ TEST_F(Listing, TheFunctionIsBytes22And23OfEachRecord) {
   EXPECT_EQ(remark(3), "ACV");
 }
 
+TEST_F(Listing, NothingIsListedBeforeTheFirstDump) {
+  EXPECT_EQ(RecordListing(form_, state_, beeper_).records(), 0);
+}
+
+TEST_F(Listing, FunctionCodesAreReadInHexadecimal) {
+  dump(record(1, "  4.80", ' ', '\x8C') + record(2, "  4.80", ' ', '\x7A') +
+       record(3, "  4.80", ' ', '\x85'));
+  EXPECT_EQ(remark(1), "OHM or BZ");
+  EXPECT_EQ(remark(2), "FRQ (Hz)");
+  EXPECT_EQ(remark(3), "Check!!");
+}
+
 TEST_F(Listing, OneRowForEachWholeRecord) {
   dump(record(1));
   EXPECT_EQ(state_.logRow, 2);
@@ -125,6 +137,13 @@ TEST_F(Listing, AByteBelow16ShiftsTheCodesBehindIt) {
   EXPECT_EQ(remark(1), "Check!!");
   EXPECT_EQ(remark(2), "Check!!");
   EXPECT_EQ(row(2)[2], "  4.80V\xE2\x80\xA2");
+}
+
+TEST_F(Listing, AByteOf16ShiftsNothing) {
+  std::string first = record(1, "  4.80", 'V', '\x95');
+  first[5] = '\x10';
+  dump(first);
+  EXPECT_EQ(remark(1), "DCV");
 }
 
 TEST_F(Listing, TwoBytesBelow16ShiftTheCodesByAWholeByte) {
@@ -203,6 +222,30 @@ TEST_F(Listing, FromRowElevenOnTheListGrowsAndScrollsWithEachRecord) {
     EXPECT_EQ(form_.grdLog.topRow(), number > 10 ? number - 9 : 1);
   }
   EXPECT_EQ(row(40)[0], "00040");
+}
+
+// Writes down which controls are to be drawn at once.
+class Drawn final : public form::ControlView {
+ public:
+  void changed(const form::Control& /*control*/) override {}
+  void refresh(const form::Control& control) override { controls.push_back(&control); }
+  void shieldMoved(bool /*up*/) override {}
+
+  std::vector<const form::Control*> controls;
+};
+
+TEST_F(Listing, FromRowElevenOnALongerListIsCutBehindTheRecordAndDrawnAtOnce) {
+  Drawn drawn;
+  form_.setView(&drawn);
+  state_.logRow = 10;
+  form_.grdLog.setRows(60);
+  dump(record(10));
+  EXPECT_EQ(form_.grdLog.rows(), 60);
+  EXPECT_TRUE(drawn.controls.empty());
+  dump(record(11));
+  EXPECT_EQ(form_.grdLog.rows(), 14);
+  EXPECT_EQ(drawn.controls, std::vector<const form::Control*>{&form_.grdLog});
+  form_.setView(nullptr);
 }
 
 TEST_F(Listing, AnEndRecordInRowTenScrollsByItsRemark) {

@@ -39,6 +39,13 @@ TEST_F(TabSwitch, TheScopeTabAsksForTheWholeScope) {
   EXPECT_FALSE(form.picDmm.visible());
 }
 
+TEST_F(TabSwitch, WhileADownloadRunsNothingIsSent) {
+  start(1);
+  state.logTransfer = true;
+  form.SSTab1.setTab(0);
+  EXPECT_EQ(hid.commands, Texts{});
+}
+
 TEST_F(TabSwitch, TheScopeTabWritesTheFunctionInDecimal) {
   quietly([this] {
     while (form.cmbFun.items().size() < 16) {

@@ -238,9 +238,15 @@ TEST_F(MeterReplies, ShortResultsLeaveTheLaterFieldsEmpty) {
 
 TEST_F(MeterReplies, ResultsChangeNothingInOtherModesAndOnOtherTabs) {
   for (const int mode : {-1, 0, 4}) {
+    for (form::Label& label : form_.lblYdg) {
+      label.setCaption("old");
+    }
     showMode(mode);
     item("drp:" + ruler(66));
-    EXPECT_EQ(results(), Texts(5)) << mode;
+    EXPECT_EQ(results(), Texts(5, "old")) << mode;
+  }
+  for (form::Label& label : form_.lblYdg) {
+    label.setCaption("");
   }
   showMode(1);
   form_.SSTab1.setTab(0);
