@@ -45,7 +45,8 @@ class Desktop:
         if not number:
             raise RuntimeError("Xvfb does not start")
         self.env["DISPLAY"] = f":{number}"
-        self._processes.append(subprocess.Popen(["openbox", "--sm-disable"], env=self.env, stderr=subprocess.DEVNULL))
+        self._processes.append(subprocess.Popen(["openbox", "--sm-disable"], env=self.env,
+                                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
         patience = time.monotonic() + 20
         while "window id" not in self.tool("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"):
             if time.monotonic() > patience:

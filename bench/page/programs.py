@@ -13,14 +13,16 @@ _TOLD = {"repetitions", "repetition_index", "family_index", "per_family_instance
          "real_time", "cpu_time", "aggregate_unit"}
 
 
-def _short(name: str) -> str:
-    """A benchmark's name and its numbers, without how it was run."""
+def _short(name: str, numbers: bool) -> str:
+    """A benchmark's name and its numbers if wanted, without how it was run."""
     parts = name.split("/")
-    return "/".join([parts[0]] + [part for part in parts[1:] if part.isdigit()])
+    return "/".join([parts[0]] + [part for part in parts[1:] if numbers and part.isdigit()])
 
 
-def google_benchmark(command: list[str], env: dict[str, str], repetitions: int, prefix: str = "") -> dict[str, float]:
-    """NAME is its processor time, NAME.real its time, NAME.COUNTER a counter; medians of so many repetitions."""
+def google_benchmark(command: list[str], env: dict[str, str], repetitions: int, prefix: str,
+                     numbers: bool) -> dict[str, float]:
+    """NAME is its processor time, NAME.real its time, NAME.COUNTER a counter; medians of so many repetitions.
+    NAME is without the benchmark's numbers unless those are wanted."""
     print("+", pathlib.Path(command[0]).name, *command[1:], flush=True)
     figures: dict[str, float] = {}
     with tempfile.TemporaryDirectory() as folder:
@@ -31,7 +33,7 @@ def google_benchmark(command: list[str], env: dict[str, str], repetitions: int, 
         subprocess.run(command + arguments, check=True, env=env, stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
     for run in runs:
-        name = prefix + _short(run["run_name"])
+        name = prefix + _short(run["run_name"], numbers)
         if run.get("error_occurred"):
             raise RuntimeError(f"{name}: {run['error_message']}")
         if run.get("aggregate_name", "median") != "median":
