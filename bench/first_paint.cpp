@@ -1,9 +1,9 @@
 // vireon_bench_first_paint PROGRAM [ARGUMENT...]: starts the program, prints the seconds from there until its
 // first window of its own is mapped and until at least half of that window is painted, and ends the program.
-#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <csignal>
 #include <exception>
 #include <map>
 #include <string>

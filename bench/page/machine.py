@@ -23,6 +23,13 @@ def _system() -> str:
     return f"{name[1] if name else 'unknown'}, {os.uname().sysname} {kernel}"
 
 
+def _compiler(command: str) -> str:
+    """Its kind and version, without the path it is called by."""
+    told = _first_line(command, "--version")
+    kind = "clang" if "clang" in told else "GCC"
+    return f"{kind} {re.findall(r'[0-9]+(?:[.][0-9]+)+', told)[-1]}"
+
+
 def facts(build: str) -> dict[str, str]:
     """The processor, cores, memory, system and what the build folder was compiled with."""
     cache = (pathlib.Path(build) / "CMakeCache.txt").read_text()
@@ -36,7 +43,7 @@ def facts(build: str) -> dict[str, str]:
         "cores": f"{cores} {'core' if cores == 1 else 'cores'}{', virtual' if virtual else ''}",
         "memory": f"{kilobytes / 1048576:.0f} GB",
         "system": _system(),
-        "compiler": re.sub(r"^\S+ ", "GCC ", _first_line(compiler[1], "--version")) if compiler else "unknown",
+        "compiler": _compiler(compiler[1]) if compiler else "unknown",
         "build": kind[1] if kind else "unknown",
         "qt": "Qt " + _first_line("pkg-config", "--modversion", "Qt6Core"),
     }

@@ -94,6 +94,9 @@ def main() -> None:
     options.add_argument("--quick", action="store_true")
     options.add_argument("--usb", type=pathlib.Path)
     given = options.parse_args()
+    former = given.page.read_text() if given.page.exists() else ""
+    # Before the long run: a figure that is missing is told of at once.
+    usb = usb_section(former, given.usb.read_text() if given.usb else "")
     bench = Bench(given.build, given.quick)
     busy = machine.busy_cores()
     bench.figures |= machine.facts(given.build)
@@ -107,8 +110,7 @@ def main() -> None:
     if given.quick:
         print(page)
         return
-    former = given.page.read_text() if given.page.exists() else ""
-    given.page.write_text(page + "\n" + usb_section(former, given.usb.read_text() if given.usb else ""))
+    given.page.write_text(page + "\n" + usb)
     print("Written:", given.page)
 
 

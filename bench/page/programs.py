@@ -30,7 +30,10 @@ def google_benchmark(command: list[str], env: dict[str, str], repetitions: int, 
         arguments = [f"--benchmark_out={out}", "--benchmark_out_format=json"]
         if repetitions > 1:
             arguments += [f"--benchmark_repetitions={repetitions}", "--benchmark_report_aggregates_only=true"]
-        subprocess.run(command + arguments, check=True, env=env, stdout=subprocess.DEVNULL)
+        answer = subprocess.run(command + arguments, check=False, env=env, stdout=subprocess.DEVNULL,
+                                stderr=subprocess.PIPE, text=True)
+        if answer.returncode != 0:
+            raise RuntimeError(f"{command[0]} ended with {answer.returncode}: {answer.stderr}")
         runs = json.loads(out.read_text())["benchmarks"]
     for run in runs:
         name = prefix + _short(run["run_name"], numbers)

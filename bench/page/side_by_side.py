@@ -98,6 +98,7 @@ def use(desktop: Desktop, subject: Subject, times: Times, counter: str) -> dict[
     """Memory after it has run for a while; then, over a while more, its processor time, the X server's and its
     paints. Raises when a program that should run is not painted."""
     figures: dict[str, float] = {}
+    print("+ running on X11:", subject.name, flush=True)
     with _running(desktop, subject) as running:
         process = running.process.pid
         time.sleep(times.settle)

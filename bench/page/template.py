@@ -1,8 +1,8 @@
 """Puts figures into a text.
 
 {NAME as UNIT} is a figure; {NAME over OTHER as times} the ratio of two; {NAME at most 20 us} (or at least) what is
-wanted of it, with a word where that is missed. A line that begins with "?GROUP " stays where the group was measured, one
-with "?!GROUP " where it was not.
+wanted of it, with a word where that is missed. A line that begins with "?GROUP " stays where the group was measured,
+one with "?!GROUP " where it was not.
 """
 import re
 
