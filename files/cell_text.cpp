@@ -37,7 +37,8 @@ std::string timeOfDay(double days) {
   return clockText(static_cast<int>(std::llround(part * kSecondsOfDay) % kSecondsOfDay));
 }
 
-// Empty where there is no such day. The days of 1900 count a 29th of February, and before it from 1.
+// Of a day from 0; empty where there is no such day. The days of 1900 count a 29th of February, and before it
+// from 1.
 std::string dateText(std::int64_t day, DateSystem dates) {
   using namespace std::chrono;
   sys_days zero = sys_days(year{1904} / January / 1);
@@ -47,7 +48,7 @@ std::string dateText(std::int64_t day, DateSystem dates) {
   }
   const sys_days date = zero + days(day);
   const year_month_day calendar(date);
-  if (day < 0 || calendar.year() > year{9999}) return {};
+  if (calendar.year() > year{9999}) return {};
   std::array<char, 40> text{};
   const int length =
       std::snprintf(text.data(), text.size(), "%04d-%02u-%02u", static_cast<int>(calendar.year()),
@@ -94,17 +95,8 @@ std::string timeOfDayText(const CellValue& value, DateSystem dates) {
 }
 
 std::string plainText(const CellValue& value, DateSystem dates) {
-  switch (value.kind) {
-    case CellKind::kEmpty:
-      return {};
-    case CellKind::kText:
-    case CellKind::kError:
-      return std::string(value.text);
-    case CellKind::kBoolean:
-      return value.boolean ? "True" : "False";
-    case CellKind::kNumber:
-      break;
-  }
+  if (value.kind == CellKind::kBoolean) return value.boolean ? "True" : "False";
+  if (value.kind != CellKind::kNumber) return std::string(value.text);
   return value.numberKind == NumberKind::kPlain ? numberText(value.number) : dayText(value, dates);
 }
 

@@ -34,21 +34,14 @@ CellValue Sheet::value(int row, int column) const {
   CellValue value;
   value.kind = cell.kind;
   value.numberKind = cell.numberKind;
-  switch (cell.kind) {
-    case CellKind::kEmpty:
-      break;
-    case CellKind::kText:
-      value.text = std::string_view(texts_).substr(cell.bits, cell.length);
-      break;
-    case CellKind::kNumber:
-      value.number = std::bit_cast<double>(cell.bits);
-      break;
-    case CellKind::kBoolean:
-      value.boolean = cell.bits != 0;
-      break;
-    case CellKind::kError:
-      value.text = errorName(cell.bits);
-      break;
+  if (cell.kind == CellKind::kText) {
+    value.text = std::string_view(texts_).substr(cell.bits, cell.length);
+  } else if (cell.kind == CellKind::kNumber) {
+    value.number = std::bit_cast<double>(cell.bits);
+  } else if (cell.kind == CellKind::kBoolean) {
+    value.boolean = cell.bits != 0;
+  } else if (cell.kind == CellKind::kError) {
+    value.text = errorName(cell.bits);
   }
   return value;
 }

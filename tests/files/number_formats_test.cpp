@@ -14,7 +14,7 @@ TEST(NumberFormats, CodesOfNumbers) {
        {"",         "General",  "GENERAL",  "0",         "00000",     "0.00", "#,##0.00;[Red]-#,##0.00",
         "0.00E+00", "# ?/?",    "0%",       "\"day\" 0", "0\\d",      "0_d",  "*d0",
         "[Red]0",   "[$-409]0", "[>=100]0", "@",         "\"unended", "[h",   "0;yyyy",
-        "[]0",      "\\"}) {
+        "[]0",      "\\",       "[hs]0"}) {
     EXPECT_EQ(numberKindOf(code), NumberKind::kPlain) << code;
   }
 }
@@ -39,7 +39,7 @@ TEST(NumberFormats, CodesOfBoth) {
 }
 
 TEST(NumberFormats, CodesThatCountHoursOn) {
-  for (const char* code : {"[h]:mm:ss", "[HH]:mm", "[mm]:ss", "[s]"}) {
+  for (const char* code : {"[h]:mm:ss", "[HH]:mm", "[mm]:ss", "[s]", "[h][Red]", "[Red][h]"}) {
     EXPECT_EQ(numberKindOf(code), NumberKind::kElapsed) << code;
   }
 }

@@ -2,6 +2,7 @@
 
 #include "files/workbook_reader.h"
 #include "tests/files/file_fixture.h"
+#include "tests/files/workbook_bytes.h"
 
 namespace vireon::files {
 namespace {
@@ -218,6 +219,38 @@ TEST_F(Spreadsheet, AnUnreadableFileGivesOneMessageAndLeavesTheList) {
   }
   EXPECT_EQ(rows(), before);
   EXPECT_EQ(beeper.beeps, 0);
+}
+
+TEST_F(Spreadsheet, WhatIsWrongWithAWorkbookIsTold) {
+  using tests::begin;
+  using tests::end;
+  using tests::oneSheet;
+  using tests::record;
+  const std::string longText =
+      record(biff::kLabel, tests::cellAt(0, 0) + tests::narrow(std::string(8000, 'x')));
+  std::string longTexts;
+  for (int cell = 0; cell < 1100; ++cell) longTexts += longText;
+  for (const auto& [stream, reason] :
+       {std::pair<std::string, std::string>{begin(biff::kGlobals, 0x0500) + end(), "before 1997"},
+        {oneSheet("", record(biff::kFilePass, tests::u16(1))), "protected by a password"},
+        {tests::workbook("", tests::SheetBytes{"", 1}), "no visible worksheet"},
+        {oneSheet(longTexts), "too large"}}) {
+    file("a.xls") = std::string(tests::FakeCompoundFiles::kMark) + stream;
+    load();
+    ASSERT_EQ(messages.count(), 1U);
+    EXPECT_NE(messages.lastText().find(reason), std::string::npos) << reason;
+    messages.shown.clear();
+  }
+}
+
+TEST_F(Spreadsheet, AContainerThatWouldBeTooLargeGivesOneMessage) {
+  fillList(1);
+  name("mine");
+  compoundFiles.packError = platform::PackError::kTooLarge;
+  save();
+  EXPECT_EQ(messages.count(), 1U);
+  EXPECT_NE(messages.lastText().find("The list is too large for an .xls file."), std::string::npos);
+  expectNothingWritten();
 }
 
 }  // namespace

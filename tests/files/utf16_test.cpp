@@ -45,7 +45,7 @@ TEST(Utf16, ByteThatBelongsToNoCharacterIsReplaced) {
 
 TEST(Utf16, OverlongAndHalfCharactersAreReplaced) {
   for (const char* text :
-       {"\xC0\x80", "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"}) {
+       {"\xC0\x80", "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xED\xA0\x80", "\xED\xB0\x80", "\xF4\x90\x80\x80"}) {
     EXPECT_EQ(charactersOf(text).front(), files::kReplacement);
   }
 }

@@ -121,5 +121,10 @@ TEST(WorkbookGlobals, DatesOf1904) {
   EXPECT_EQ(a1(oneSheet(one(45000), record(biff::kDateMode, u16(0)) + xf(14))), "2023-03-15");
 }
 
+TEST(WorkbookGlobals, FirstOfTwoTablesOfTextsCounts) {
+  const std::string cell = record(biff::kLabelSst, cellAt(0, 0) + u32(0));
+  EXPECT_EQ(a1(oneSheet(cell, table(1, narrow("first")) + table(1, narrow("second")))), "first");
+}
+
 }  // namespace
 }  // namespace vireon::tests

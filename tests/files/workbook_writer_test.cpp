@@ -54,6 +54,26 @@ TEST(WorkbookWriter, CellsAreNumbersTimesAndTexts) {
   EXPECT_EQ(texts[4], u16(1) + u16(2) + formatAs(CellFormat::kText) + u32(4));
 }
 
+TEST(WorkbookWriter, TextsThatAreNearlyNumbersOrTimesStayTexts) {
+  for (const char* number : {"0001", "000012", "-0012", "0001:", "0001/", "1.234"}) {
+    const std::string stream = streamOf({kHeader, {number, "", "", ""}});
+    EXPECT_TRUE(recordsOf(stream, biff::kRk).empty()) << number;
+    EXPECT_EQ(recordsOf(stream, biff::kLabelSst).size(), 5U) << number;
+  }
+  for (const char* time : {"1:02:03", "01:02:030", "01-02:03", "01:02-03", "aa:02:03", "01:aa:03", "01:02:aa",
+                           "24:00:00", "00:60:00", "00:00:60"}) {
+    const std::string stream = streamOf({kHeader, {"", time, "", ""}});
+    EXPECT_TRUE(recordsOf(stream, biff::kNumber).empty()) << time;
+    EXPECT_EQ(recordsOf(stream, biff::kLabelSst).size(), 5U) << time;
+  }
+}
+
+TEST(WorkbookWriter, LargestNumberAndTimeAreNoTexts) {
+  const std::string stream = streamOf({kHeader, {"99999", "23:59:59", "", ""}});
+  EXPECT_EQ(recordsOf(stream, biff::kRk)[0].substr(6), u32(99999U << 2U | 2U));
+  EXPECT_EQ(recordsOf(stream, biff::kNumber)[0].substr(6), f64(86399 / 86400.0));
+}
+
 TEST(WorkbookWriter, HeaderIsInBoldWhateverItHolds) {
   const std::string stream = streamOf({{"00001", "00:00:01", "x", "y"}, {"00002", "00:00:02", "x", "y"}});
   const std::string row0 = u16(0);
@@ -180,6 +200,14 @@ TEST(WorkbookWriter, EmptyGridIsAnEmptySheet) {
   }
 }
 
+TEST(WorkbookWriter, GridWithoutColumnsIsAnEmptySheet) {
+  const auto result = writeWorkbookStream({3, 0, [](int, int) -> std::string_view { return "x"; }});
+  EXPECT_EQ(result.error, WorkbookWriteError::kNone);
+  EXPECT_TRUE(recordsOf(result.stream, biff::kColumnInfo).empty());
+  EXPECT_EQ(recordsOf(result.stream, biff::kDimensions)[0], std::string(14, '\0'));
+  EXPECT_TRUE(files::importRows(result.stream).rows.empty());
+}
+
 TEST(WorkbookWriter, RefusesMoreRowsThanASheetHas) {
   EXPECT_EQ(errorOf(65536, 1, "x"), WorkbookWriteError::kNone);
   EXPECT_EQ(errorOf(65537, 1, "x"), WorkbookWriteError::kTooManyRows);
@@ -211,13 +239,16 @@ TEST(WorkbookWriter, RefusesATextLongerThanACellTakes) {
 
 TEST(WorkbookWriter, RefusesMoreThanItWouldRead) {
   std::string text(32000, 'x');
-  int cell = 0;
-  const auto result = writeWorkbookStream({700, 4, [&](int, int) -> std::string_view {
-                                             text.replace(0, 8, std::to_string(10000000 + ++cell));
-                                             return text;
-                                           }});
-  EXPECT_EQ(result.error, WorkbookWriteError::kTooLarge);
-  EXPECT_TRUE(result.stream.empty());
+  // All texts together; and texts that leave no room for the rest of the file.
+  for (const int rows : {700, 520}) {
+    int cell = 0;
+    const auto result = writeWorkbookStream({rows, 4, [&](int, int) -> std::string_view {
+                                               text.replace(0, 8, std::to_string(10000000 + ++cell));
+                                               return text;
+                                             }});
+    EXPECT_EQ(result.error, WorkbookWriteError::kTooLarge);
+    EXPECT_TRUE(result.stream.empty());
+  }
 }
 
 TEST(WorkbookWriter, TellsTheRowsDoneAndStopsWhenTold) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "files/cell_text.h"
+#include "files/sheet_builder.h"
 #include "files/workbook_reader.h"
 #include "tests/files/workbook_bytes.h"
 
@@ -84,6 +85,19 @@ TEST(WorksheetReader, ShortNumbersBeyondTheColumnsReadAreDropped) {
   EXPECT_EQ(rowOf(record(biff::kMulRk, u16(0) + u16(0xFFFF) + numbers + u16(255))), "|||");
 }
 
+TEST(WorksheetReader, CellsOfEveryKindBeyondTheColumnsReadAreDropped) {
+  const std::string beyond = cellAt(0, 4);
+  const std::string emptyText = u8(3) + std::string(5, '\0') + u16(0xFFFF);
+  for (const std::string& cell :
+       {record(biff::kNumber, beyond + f64(1)), record(biff::kRk, beyond + u32(2)),
+        record(biff::kLabelSst, beyond + u32(9)), record(biff::kLabel, beyond + narrow("abc")),
+        record(biff::kBoolErr, beyond + u8(1) + u8(0)), record(biff::kFormula, beyond + emptyText)}) {
+    const WorkbookReadResult result = readWorkbookStream(oneSheet(cell), 4);
+    EXPECT_EQ(result.error, WorkbookReadError::kNone);
+    EXPECT_EQ(result.sheet.rows(), 0);
+  }
+}
+
 TEST(WorksheetReader, SharedTexts) {
   const std::string texts = table(3, narrow("one") + wide(u"셋") + narrow(""));
   EXPECT_EQ(rowOf(shared(0, 1) + shared(1, 0) + shared(2, 1) + shared(3, 2), texts), "셋|one|셋|");
@@ -93,6 +107,27 @@ TEST(WorksheetReader, SharedTextThatTheTableLacksIsRefused) {
   EXPECT_EQ(rowOf(shared(0, 1), table(2, narrow("one"))), "malformed");
   EXPECT_EQ(rowOf(shared(0, 0xFFFFFFFF), table(2, narrow("one"))), "malformed");
   EXPECT_EQ(rowOf(shared(0, 0)), "malformed");
+}
+
+TEST(WorksheetReader, SharedTextsOfMoreThanEightMebibytesAreRefused) {
+  const std::string text = narrow(std::string(8000, 'x'));
+  const auto errorOf = [&](std::uint32_t count) {
+    std::string cells;
+    std::string texts = record(biff::kSst, u32(count) + u32(count) + text);
+    for (std::uint32_t index = 0; index < count; ++index) {
+      cells += record(biff::kLabelSst, cellAt(index, 0) + u32(index));
+      if (index > 0) texts += record(biff::kContinue, text);
+    }
+    return readWorkbookStream(oneSheet(cells, texts), 4).error;
+  };
+  EXPECT_EQ(errorOf(1048), WorkbookReadError::kNone);
+  EXPECT_EQ(errorOf(1049), WorkbookReadError::kTooLarge);
+}
+
+TEST(WorksheetReader, TableAtAPlaceThatHasNoRecordIsRefused) {
+  files::SheetBuilder sheet(1, files::DateSystem::k1900);
+  sheet.setSharedText({0, 0}, 0);
+  EXPECT_EQ(sheet.finish("\xFC", 0).error, WorkbookReadError::kMalformed);
 }
 
 TEST(WorksheetReader, TableThatNoCellNeedsIsNotRead) {

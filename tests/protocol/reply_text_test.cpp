@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tests/form/expect_fault.h"
 
 namespace vireon::protocol {
@@ -64,6 +66,22 @@ TEST(DecimalValue, FaultsOnAnythingElse) {
     SCOPED_TRACE(text);
     expectFault(FaultKind::kConversion, [&] { decimalValue(text); });
   }
+}
+
+TEST(LeadingNumber, IsThatAtTheTextsStartAndZeroWhereThereIsNone) {
+  const NumberCase cases[] = {{"", 0},      {"x", 0},    {"12", 12},
+                              {" 12 ", 12}, {"+12", 12}, {"-7", -7},
+                              {"12mV", 12}, {"1.5", 1},  {"2147483647", 2147483647},
+                              {"-", 0}};
+  for (const NumberCase& expected : cases) {
+    EXPECT_EQ(leadingNumber(expected.text), expected.value) << expected.text;
+  }
+}
+
+TEST(LeadingNumber, OutOfRangeIsTheNearestThatThereIs) {
+  EXPECT_EQ(leadingNumber("2147483648"), std::numeric_limits<int>::max());
+  EXPECT_EQ(leadingNumber("+99999999999x"), std::numeric_limits<int>::max());
+  EXPECT_EQ(leadingNumber("-2147483649"), std::numeric_limits<int>::min());
 }
 
 TEST(NumberText, IsWithoutBlanksAtItsEndsAndWithoutAPlusSign) {
