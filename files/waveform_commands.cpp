@@ -8,7 +8,7 @@
 namespace vireon::files {
 namespace {
 
-constexpr std::size_t kLargestFile = 1U << 20U;
+constexpr std::size_t kLargestWaveformFile = 1U << 20U;
 
 // While the link collects an answer, its buffer gets back after a scope what it held before.
 class KeptAnswer {
@@ -64,7 +64,7 @@ void WaveformCommands::write() {
 }
 
 void WaveformCommands::load(const std::string& path) {
-  const auto file = folder_.read(path, kLargestFile);
+  const auto file = folder_.read(path, kLargestWaveformFile);
   if (!file) {
     return;
   }

@@ -13,7 +13,7 @@ constexpr const char* kUsbOnly = "Works over USB only";
 }  // namespace
 
 ConnectionControl::ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
-                                     LinkPorts ports)
+                                     const LinkPorts& ports)
     : form_(form),
       state_(state),
       link_(link),

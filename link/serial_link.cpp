@@ -19,7 +19,7 @@ constexpr int kAnswerTimeOut = 800;  // milliseconds where no rate says otherwis
 }  // namespace
 
 SerialLink::SerialLink(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
-                       Operations& operations, SerialPorts ports)
+                       Operations& operations, const SerialPorts& ports)
     : Mcom(ports.port),
       form_(form),
       state_(state),

@@ -30,7 +30,7 @@ struct SerialPorts {
 class SerialLink {
  public:
   SerialLink(form::MainForm& form, protocol::InstrumentState& state, LinkState& link, Operations& operations,
-             SerialPorts ports);
+             const SerialPorts& ports);
   SerialLink(const SerialLink&) = delete;
   SerialLink& operator=(const SerialLink&) = delete;
   ~SerialLink() = default;

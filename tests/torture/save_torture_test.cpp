@@ -10,8 +10,6 @@
 namespace vireon::tests {
 namespace {
 
-const std::string kOld = "the old content";
-
 // The system calls that a save may make, and those that its process makes on the way.
 constexpr const char* kCalls[] = {"openat", "newfstatat", "fstat",    "readlink", "readlinkat",
                                   "read",   "write",      "close",    "fsync",    "fchmod",
@@ -38,7 +36,7 @@ class SaveTorture : public testing::TestWithParam<const char*> {
   void prepare() {
     std::filesystem::remove(path());
     if (hasOld()) {
-      writeFile(path(), kOld);
+      writeFile(path(), kOldContent);
     }
   }
 
@@ -57,7 +55,9 @@ class SaveTorture : public testing::TestWithParam<const char*> {
     return contentOf(log_.file("log")).find("killed by SIGKILL") != std::string::npos;
   }
 
-  bool isOldWhole() const { return hasOld() ? contentOf(path()) == kOld : !std::filesystem::exists(path()); }
+  bool isOldWhole() const {
+    return hasOld() ? contentOf(path()) == kOldContent : !std::filesystem::exists(path());
+  }
   bool isNewWhole() const { return contentOf(path()) == whole_; }
 
   TemporaryFolder folder_;
