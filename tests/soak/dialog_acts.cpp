@@ -106,7 +106,7 @@ void useFileDialog(Stage& stage, Dice& dice, QFileDialog& dialog) {
   const int way = dice.below(100);
   if (way < 50 && line != nullptr) {
     const QString name = fileName(stage, dice);
-    stage.act("file name \"" + name.toStdString() + "\"");
+    stage.act("file name \"" + name.section(QLatin1Char('/'), -1).toStdString() + "\"");
     const QPointer<QWidget> seen(line);
     line->setFocus();
     stage.hands.key(*line, Qt::Key_A, Qt::ControlModifier);

@@ -8,8 +8,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace vireon::soak {
@@ -38,10 +41,24 @@ std::int64_t queuedTime() {
   return std::strtoll(end, nullptr, 10);
 }
 
+std::int64_t queuedTimeOfAll() {
+  std::int64_t sum = 0;
+  std::error_code ignored;
+  for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task", ignored)) {
+    std::ifstream file(thread.path() / "schedstat");
+    std::int64_t run = 0;
+    std::int64_t queued = 0;
+    file >> run >> queued;
+    sum += queued;
+  }
+  return sum;
+}
+
 }  // namespace
 
 Moment Moment::now() {
-  return {clockTime(CLOCK_MONOTONIC), clockTime(CLOCK_THREAD_CPUTIME_ID), queuedTime()};
+  const std::int64_t queued = queuedTime();
+  return {clockTime(CLOCK_MONOTONIC), clockTime(CLOCK_THREAD_CPUTIME_ID), queued, queuedTimeOfAll() - queued};
 }
 
 class PaintWatch::Pixel : public QWidget {
@@ -61,14 +78,18 @@ class PaintWatch::Pixel : public QWidget {
 };
 
 PaintWatch::PaintWatch(ActLog& log) : log_(log) {
-  QObject::connect(&wish_, &QTimer::timeout, &wish_, [this] {
-    const bool seen = window_ != nullptr && window_->isVisible() && !window_->isMinimized();
-    if (!seen) {
-      last_ = {};
-    } else if (pixel_ != nullptr) {
-      pixel_->update();
-    }
-  });
+  QObject::connect(&wish_, &QTimer::timeout, &wish_, [this] { wish(); });
+}
+
+// A window that is not to be seen is not painted; nor is it at once when it is to be seen again.
+void PaintWatch::wish() {
+  const Qt::WindowStates state = window_ == nullptr ? Qt::WindowStates() : window_->windowState();
+  if (window_ == nullptr || !window_->isVisible() || state != state_) {
+    last_ = {};
+    state_ = state;
+  } else if (pixel_ != nullptr && !window_->isMinimized()) {
+    pixel_->update();
+  }
 }
 
 void PaintWatch::watch(QWidget& window) {
@@ -87,9 +108,11 @@ void PaintWatch::painted() {
   const Moment now = Moment::now();
   const std::string act = log_.latest();
   if (last_.wall != 0) {
-    const Gap gap{static_cast<double>(now.wall - last_.wall - excused_) / kMillisecond,
-                  static_cast<double>(now.processor - last_.processor) / kMillisecond,
-                  static_cast<double>(now.queued - last_.queued) / kMillisecond,
+    const Moment spent = now - last_ - excused_;
+    const Gap gap{static_cast<double>(spent.wall) / kMillisecond,
+                  static_cast<double>(spent.processor) / kMillisecond,
+                  static_cast<double>(spent.queued) / kMillisecond,
+                  std::max(0.0, static_cast<double>(spent.others) / kMillisecond),
                   actThen_ == act ? act : actThen_ + " .. " + act};
     if (gap.wall > kLongest) {
       keep(gap);
@@ -97,16 +120,17 @@ void PaintWatch::painted() {
   }
   ++paints_;
   last_ = now;
-  excused_ = 0;
+  excused_ = {};
   actThen_ = act;
 }
 
 void PaintWatch::keep(const Gap& gap) {
   ++gaps_;
   ownGaps_ += gap.own() > kLongest ? 1U : 0U;
+  certainGaps_ += gap.processor > kLongest || gap.own() > kLongestWait ? 1U : 0U;
   std::array<char, 100> text{};
-  std::snprintf(text.data(), text.size(), "gap %.0f ms: computing %.0f, not run %.0f", gap.wall,
-                gap.processor, gap.queued);
+  std::snprintf(text.data(), text.size(), "gap %.0f ms: computing %.0f, not run %.0f, others %.0f", gap.wall,
+                gap.processor, gap.queued, gap.others);
   log_.note(text.data());
   const auto place =
       std::upper_bound(worst_.begin(), worst_.end(), gap,

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "tests/soak/dialog_acts.h"
+#include "tests/soak/habits.h"
 #include "tests/soak/strange_files.h"
 #include "tests/soak/widget_acts.h"
 #include "tests/soak/window_acts.h"
@@ -77,6 +78,10 @@ int RandomUser::useMain(Dice& dice) {
     if (auto* const button = stage_.window().findChild<QWidget*>(QStringLiteral("cmdBttn_0"))) {
       stage_.hands.click(*button, button->rect().center());
     }
+  } else if (QWidget* const widget = wanted(stage_, usableWidgets(stage_.window()))) {
+    useWidget(stage_, dice, *widget);
+  } else if (what < 460) {
+    takeUp(stage_, dice);
   } else if (what < 760) {
     QWidget* const viewer = viewerOf();
     useOneOf(dice, viewer != nullptr && dice.oneIn(3) ? *viewer : stage_.window());
@@ -101,12 +106,12 @@ int RandomUser::useMain(Dice& dice) {
   return pace < 7 ? dice.below(4) : dice.below(pace < 9 ? 40 : 200);
 }
 
-// The less used one of two.
+// The least used one of three.
 void RandomUser::useOneOf(Dice& dice, QWidget& window) {
   const auto usable = usableWidgets(window);
   QWidget* best = nullptr;
   std::uint64_t bestUses = 0;
-  for (int tries = 0; tries < 2; ++tries) {
+  for (int tries = 0; tries < 3; ++tries) {
     const std::uint64_t salt = dice.number();
     const auto drawn = std::max_element(usable.begin(), usable.end(), [salt](QWidget* one, QWidget* other) {
       return Dice::weight(salt, nameOf(*one)) < Dice::weight(salt, nameOf(*other));

@@ -1,8 +1,8 @@
 #include "tests/soak/report.h"
 
-#include <array>
-#include <cstdarg>
-#include <cstdio>
+#include <cmath>
+#include <cstddef>
+#include <sstream>
 
 namespace vireon::soak {
 namespace {
@@ -15,36 +15,26 @@ constexpr bool kJudgesGaps = false;  // the sanitizers make everything slower
 constexpr bool kJudgesGaps = true;
 #endif
 
-template <class... Values>
-std::string line(const char* format, Values... values) {
-  std::array<char, 600> text{};
-  std::snprintf(text.data(), text.size(), format, values...);
-  return text.data();
-}
-
-std::string gapsText(const PaintWatch& paints) {
-  std::string text =
-      line("Paints: %llu; gaps over %.0f ms: %llu, the program's own: %llu\n",
-           static_cast<unsigned long long>(paints.paints()), PaintWatch::kLongest,
-           static_cast<unsigned long long>(paints.gaps()), static_cast<unsigned long long>(paints.ownGaps()));
+void tellGaps(std::ostream& text, const PaintWatch& paints) {
+  text << "Paints: " << paints.paints() << "; gaps over " << PaintWatch::kLongest << " ms: " << paints.gaps()
+       << ", the program's own: " << paints.ownGaps() << ", for certain: " << paints.certainGaps() << "\n";
   std::size_t shown = 0;
   for (const Gap& gap : paints.worst()) {
     if (++shown > kShownGaps) {
       break;
     }
-    text += line("  %.0f ms: computing %.0f, not run %.0f, own %.0f: %s\n", gap.wall, gap.processor,
-                 gap.queued, gap.own(), gap.act.c_str());
+    text << "  " << std::lround(gap.wall) << " ms: computing " << std::lround(gap.processor) << ", not run "
+         << std::lround(gap.queued) << ", other threads not run " << std::lround(gap.others) << ", own "
+         << std::lround(gap.own()) << ": " << gap.act << "\n";
   }
-  return text;
 }
 
-std::string growthText(const Soak& soak) {
-  std::string text = "First rest: " + soak.first.text() + "\nLast rest:  " + soak.last.text() + "\n";
+void tellGrowth(std::ostream& text, const Soak& soak) {
+  text << "First rest: " << soak.first.text() << "\nLast rest:  " << soak.last.text() << "\n";
   if (!soak.between.samples().empty()) {
-    text += "After session 1: " + soak.between.samples().front().text() +
-            "\nAfter the last:  " + soak.between.samples().back().text() + "\n";
+    text << "After session 1: " << soak.between.samples().front().text()
+         << "\nAfter the last:  " << soak.between.samples().back().text() << "\n";
   }
-  return text;
 }
 
 }  // namespace
@@ -54,35 +44,32 @@ std::string reportOf(Soak& soak, const Order& order) {
   if (order.minutes >= kLongRun && !unused.empty()) {
     soak.log.finding("controls that were never used: " + std::to_string(unused.size()));
   }
-  if (kJudgesGaps && soak.paints.ownGaps() > 0) {
-    soak.log.finding("gaps between paints of the program's own: " + std::to_string(soak.paints.ownGaps()));
+  if (kJudgesGaps && soak.paints.certainGaps() > 0) {
+    soak.log.finding("gaps between paints that are the program's own: " +
+                     std::to_string(soak.paints.certainGaps()));
   }
-  std::string text =
-      line("Seed %llu, %g minutes: %llu sessions, %llu acts, %llu rests, %llu faults\n",
-           static_cast<unsigned long long>(order.seed), order.minutes,
-           static_cast<unsigned long long>(soak.sessions), static_cast<unsigned long long>(soak.log.acts()),
-           static_cast<unsigned long long>(soak.rests), static_cast<unsigned long long>(soak.faults));
-  text += line(
-      "Messages: %llu, losses of the link: %llu; files saved %llu, loaded %llu, failed %llu; printed %llu\n",
-      static_cast<unsigned long long>(soak.messages.messages()),
-      static_cast<unsigned long long>(soak.messages.losses()),
-      static_cast<unsigned long long>(soak.files.saves()),
-      static_cast<unsigned long long>(soak.files.loads()),
-      static_cast<unsigned long long>(soak.files.failures()),
-      static_cast<unsigned long long>(soak.paper.printed));
+  std::ostringstream text;
+  text << "Seed " << order.seed << ", " << order.minutes << " minutes: " << soak.sessions << " sessions, "
+       << soak.log.acts() << " acts, " << soak.rests << " rests, " << soak.faults << " faults, "
+       << soak.commands << " commands\n"
+       << "Messages: " << soak.messages.messages() << ", losses of the link: " << soak.messages.losses()
+       << "; files saved " << soak.files.saves() << ", loaded " << soak.files.loads() << ", failed "
+       << soak.files.failures() << "; printed " << soak.paper.printed << "\n";
   for (const auto& [kind, count] : soak.log.counts()) {
-    text += line("  %6llu %s\n", static_cast<unsigned long long>(count), kind.c_str());
+    text << "  " << count << " x " << kind << "\n";
   }
-  text += gapsText(soak.paints) + growthText(soak);
-  text += line("Controls used: %zu of %zu\n", soak.controls.known() - unused.size(), soak.controls.known());
+  tellGaps(text, soak.paints);
+  tellGrowth(text, soak);
+  text << "Controls used: " << soak.controls.known() - unused.size() << " of " << soak.controls.known()
+       << "\n";
   for (const std::string& name : unused) {
-    text += "  never used: " + name + "\n";
+    text << "  never used: " << name << "\n";
   }
   for (const std::string& finding : soak.log.firstFindings()) {
-    text += "FINDING: " + finding + "\n";
+    text << "FINDING: " << finding << "\n";
   }
-  text += line("%llu findings\n", static_cast<unsigned long long>(soak.log.findings()));
-  return text;
+  text << soak.log.findings() << " findings\n";
+  return text.str();
 }
 
 }  // namespace vireon::soak

@@ -1,6 +1,7 @@
 #include "tests/soak/soak.h"
 
 #include <QApplication>
+#include <QPixmapCache>
 #include <QPointer>
 #include <QTimer>
 #include <fstream>
@@ -8,6 +9,7 @@
 #include "adapters/qt/painting_hid.h"
 #include "tests/soak/random_user.h"
 #include "tests/soak/rest.h"
+#include "tests/soak/strange_files.h"
 
 namespace vireon::soak {
 namespace {
@@ -17,6 +19,7 @@ using simulator::Model;
 constexpr std::uint64_t kActsToRest = 120;
 constexpr int kPainting = 2;  // milliseconds until the next look while the window only paints
 constexpr int kLeaving = 10;
+constexpr std::chrono::seconds kBusy{60};
 
 struct Plan {
   Model model;
@@ -103,6 +106,7 @@ class Soak::Session {
       soak_.log.finding("the window went and left the device open");
     }
     soak_.faults += trouble_.begun();
+    soak_.commands += far_.instrument.commandCount();
   }
 
  private:
@@ -110,11 +114,11 @@ class Soak::Session {
 
   // The next turn is asked for first: what this one does may wait for what the next one does.
   void turn() {
-    soak_.hangs_.alive();
     hand_.start(kPainting);
     if (gate_.paintingOnly()) {
       return;
     }
+    soak_.hangs_.alive();
     if (stage_.shown) {
       lookAround();
     }
@@ -131,7 +135,11 @@ class Soak::Session {
     }
     viewer_ = viewer;
     if (!stage_.program().connection.operations().running() && !gate_.closed()) {
+      idleSince_ = std::chrono::steady_clock::now();
       soak_.messages.look(stage_.program().connection.connected(), far_.farewells, stage_.inputs);
+    } else if (std::chrono::steady_clock::now() - idleSince_ > kBusy) {
+      soak_.log.finding("the link has been busy, or a message open, for too long");
+      idleSince_ = std::chrono::steady_clock::now();
     }
   }
 
@@ -201,6 +209,7 @@ class Soak::Session {
   QPointer<QWidget> viewer_;
   QTimer hand_;
   Doing doing_ = Doing::kUsing;
+  std::chrono::steady_clock::time_point idleSince_ = std::chrono::steady_clock::now();
   std::uint64_t nextRest_ = kActsToRest;
 };
 
@@ -219,11 +228,13 @@ void Soak::run() {
     const Plan plan = planFor(order_.seed, number);
     writeSettings(order_.folder / "vireon.ini", plan);
     files.forgetAll();
+    clearFolder(order_.folder);
     log.beginSession(number, plan.text());
     Session(*this, plan).run();
     ++sessions;
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QPixmapCache::clear();
     between.add(Resources::now());
     log.note("between sessions: " + between.samples().back().text());
   }

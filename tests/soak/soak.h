@@ -42,6 +42,7 @@ class Soak {
   std::uint64_t sessions = 0;
   std::uint64_t rests = 0;
   std::uint64_t faults = 0;
+  std::uint64_t commands = 0;  // that the instruments got
 
  private:
   class Session;

@@ -36,7 +36,8 @@ struct Stage {
 
   // What is left of a longer move of the hand; one at each turn.
   std::deque<std::function<void()>> steps{};
-  std::uint64_t inputs = 0;  // acts that the program may have answered
+  std::deque<std::string> wishes{};  // widgets that the user means to use next
+  std::uint64_t inputs = 0;          // acts that the program may have answered
 
   app::Program& program() const { return session->program(); }
   adapters::MainWindow& window() const { return session->window(); }

@@ -33,7 +33,7 @@ std::string damaged(std::string bytes, Dice& dice) {
 }
 
 std::string foreign(Dice& dice) {
-  std::string bytes(static_cast<std::size_t>(dice.below(dice.oneIn(10) ? 2'000'000 : 2000)), '\0');
+  std::string bytes(static_cast<std::size_t>(dice.below(dice.oneIn(10) ? 200'000 : 2000)), '\0');
   for (char& byte : bytes) {
     byte = static_cast<char>(dice.below(256));
   }
@@ -90,10 +90,14 @@ void putStrangeFile(Stage& stage, Dice& dice) {
 }
 
 void clearFolder(Stage& stage) {
+  stage.files.forgetAll();
+  clearFolder(stage.folder);
+}
+
+void clearFolder(const fs::path& folder) {
   std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(stage.folder)) {
+  for (const auto& entry : fs::directory_iterator(folder)) {
     if (entry.path().extension() != ".ini") {
-      stage.files.forget(entry.path().string());
       fs::remove(entry.path(), ignored);
     }
   }

@@ -11,5 +11,6 @@ void putStrangeFile(Stage& stage, Dice& dice);
 
 // Removes saved files and strange ones, so that a long run has not ever more of them.
 void clearFolder(Stage& stage);
+void clearFolder(const std::filesystem::path& folder);
 
 }  // namespace vireon::soak

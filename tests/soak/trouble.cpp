@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "tests/soak/habits.h"
+
 namespace vireon::soak {
 namespace {
 
@@ -83,14 +85,18 @@ void Trouble::begin(Dice& dice) {
   const int kind = dice.below(100);
   if (kind < 55) {
     linkFault(dice);
+    takeUpLink(stage_, dice);
   } else if (kind < 75) {
     cableFault(dice);
   } else if (kind < 90) {
     fileFault(dice);
+    takeUpFiles(stage_, dice);
   } else if (kind < 95) {
     folderAway();
+    takeUpFiles(stage_, dice);
   } else {
     printerFault(dice);
+    stage_.wishes.insert(stage_.wishes.end(), {"cmdOpen", "cmdLprt"});
   }
 }
 
