@@ -97,7 +97,8 @@ QString fileName(Stage& stage, Dice& dice) {
     constexpr const char* kPictures[] = {"one.bmp", "two.bmp", "three.png", "four.BMP", "five"};
     return QString::fromStdString((stage.folder / dice.pick(kPictures)).string());
   }
-  return nonsense(dice, 20);
+  const QString name = nonsense(dice, 20).remove(QLatin1Char('/'));
+  return QString::fromStdString((stage.folder / name.toStdString()).string());
 }
 
 void useFileDialog(Stage& stage, Dice& dice, QFileDialog& dialog) {

@@ -17,7 +17,7 @@ const std::array<Habit, 5>& meterHabits() {
   static const std::array<Habit, 5> habits{{
       {"SSTab1", "cmdSetup", "txtSet_0", "txtSet_1", "cmdSet_0", "cmdSet_1"},
       {"SSTab1", "optFun_1", "chkLog1", "cmdStart", "chkLog1", "chkLog0"},
-      {"SSTab1", "cmbDmod", "chkLog1", "cmdSub_0", "cmdSub_1", "chkSub"},
+      {"SSTab1", "cmbDmod", "cmdSud_0", "cmdSud_1", "chkLog1", "cmdSub_0", "cmdSub_1", "chkSub"},
       {"SSTab1", "txtLog_0", "txtLog_1", "cmdLog_0", "chkLog1"},
       {"SSTab1", "menuMemory", "cmdLog_1", "chkLog0"},
   }};

@@ -18,9 +18,9 @@
 namespace vireon::soak {
 namespace {
 
-constexpr int kWish = 5;                // milliseconds
-constexpr std::size_t kMostGaps = 400;  // kept with their acts
-constexpr double kMillisecond = 1e6;    // nanoseconds
+constexpr int kWish = 5;               // milliseconds
+constexpr std::size_t kMostGaps = 40;  // kept with their acts
+constexpr double kMillisecond = 1e6;   // nanoseconds
 
 std::int64_t clockTime(clockid_t clock) {
   timespec time{};

@@ -3,6 +3,8 @@
 #include <malloc.h>
 
 #include <QApplication>
+#include <QFontDatabase>
+#include <QPixmapCache>
 #include <QWidget>
 #include <algorithm>
 #include <array>
@@ -23,6 +25,7 @@ namespace {
 constexpr std::size_t kAddObject = 3;  // of qtHookData
 constexpr std::size_t kRemoveObject = 4;
 constexpr double kKibi = 1024;
+constexpr const char* kAnyFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
 std::atomic<std::int64_t> liveObjects{0};
 
@@ -66,6 +69,13 @@ constexpr std::array<Measure, 7> kMeasures{{{"heap KiB", &Resources::heap, 1024}
                                             {"windows", &Resources::windows, 0}}};
 
 }  // namespace
+
+// The fonts' cache goes when the fonts change.
+void emptyCaches() {
+  QPixmapCache::clear();
+  QFontDatabase::addApplicationFont(QString::fromLatin1(kAnyFont));
+  QFontDatabase::removeAllApplicationFonts();
+}
 
 void countObjects() {
   qtHookData[kAddObject] = reinterpret_cast<quintptr>(+[](QObject*) { ++liveObjects; });

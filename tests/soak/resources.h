@@ -23,6 +23,9 @@ struct Resources {
   std::string text() const;
 };
 
+// Empties what the toolkit keeps for the next use: pixmaps, fonts and their glyphs.
+void emptyCaches();
+
 // From now on objects of the toolkit are counted; before the first one is made.
 void countObjects();
 

@@ -1,7 +1,6 @@
 #include "tests/soak/soak.h"
 
 #include <QApplication>
-#include <QPixmapCache>
 #include <QPointer>
 #include <QTimer>
 #include <fstream>
@@ -234,7 +233,7 @@ void Soak::run() {
     ++sessions;
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QPixmapCache::clear();
+    emptyCaches();
     between.add(Resources::now());
     log.note("between sessions: " + between.samples().back().text());
   }

@@ -28,7 +28,10 @@ platform::FileReadResult WatchedFiles::read(const std::string& path, std::size_t
 
 FileReplace WatchedFiles::replace(const std::string& path, std::string_view bytes) {
   if (!isInside(path)) {
-    log_.finding("a file outside the folder was to be written: " + path);
+    // A dialog may have led elsewhere; a name in a box may not.
+    if (path.starts_with(folder_.string())) {
+      log_.finding("a name led out of the folder: " + path);
+    }
     return FileReplace::kNoPermission;
   }
   if (writing_ != FileReplace::kDone) {
