@@ -123,13 +123,18 @@ void useFileDialog(Stage& stage, Dice& dice, QFileDialog& dialog) {
         pressEnter(stage, *seen);
       }
     });
-  } else if (way < 70 && list != nullptr && list->model()->rowCount(list->rootIndex()) > 0) {
-    const int row = dice.below(list->model()->rowCount(list->rootIndex()));
-    const QModelIndex index = list->model()->index(row, 0, list->rootIndex());
-    stage.act("file row " + std::to_string(row));
+  } else if (way < 70 && list != nullptr) {
+    const bool twice = dice.percent(50);
+    const int draw = dice.below(1000);
+    const int rows = list->model()->rowCount(list->rootIndex());  // they come by and by
+    stage.act("file row");
+    if (rows == 0) {
+      return;
+    }
+    const QModelIndex index = list->model()->index(draw % rows, 0, list->rootIndex());
     list->scrollTo(index);
     const QPoint at = list->visualRect(index).center();
-    if (dice.percent(50)) {
+    if (twice) {
       stage.hands.doubleClick(*list->viewport(), at);
     } else {
       stage.hands.click(*list->viewport(), at);

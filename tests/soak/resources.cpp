@@ -3,6 +3,7 @@
 #include <malloc.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFontDatabase>
 #include <QPixmapCache>
 #include <QWidget>
@@ -42,7 +43,11 @@ double heapInUse() {
   return static_cast<double>(info.uordblks + info.hblkhd) / kKibi;
 }
 
+// 0 under the sanitizer, which keeps freed memory for a while.
 double residentKibi() {
+  if (__sanitizer_get_current_allocated_bytes != nullptr) {
+    return 0;
+  }
   std::ifstream file("/proc/self/status");
   for (std::string word; file >> word;) {
     if (word == "VmRSS:") {
@@ -71,8 +76,12 @@ constexpr std::array<Measure, 7> kMeasures{{{"heap KiB", &Resources::heap, 1024}
 }  // namespace
 
 // The fonts' cache goes when the fonts change.
-void emptyCaches() {
+void emptyCaches(bool fonts) {
+  QApplication::clipboard()->clear();
   QPixmapCache::clear();
+  if (!fonts) {
+    return;
+  }
   QFontDatabase::addApplicationFont(QString::fromLatin1(kAnyFont));
   QFontDatabase::removeAllApplicationFonts();
 }

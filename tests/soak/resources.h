@@ -23,8 +23,9 @@ struct Resources {
   std::string text() const;
 };
 
-// Empties what the toolkit keeps for the next use: pixmaps, fonts and their glyphs.
-void emptyCaches();
+// Empties what the toolkit keeps for the next use: the clipboard, pixmaps, and where `fonts` says so fonts
+// and their glyphs, after which every window is laid out anew.
+void emptyCaches(bool fonts);
 
 // From now on objects of the toolkit are counted; before the first one is made.
 void countObjects();

@@ -4,9 +4,9 @@
 #include <QEvent>
 #include <QMessageBox>
 #include <QPalette>
-#include <QPixmapCache>
 
 #include "tests/soak/dialog_acts.h"
+#include "tests/soak/resources.h"
 #include "tests/soak/strange_files.h"
 
 namespace vireon::soak {
@@ -142,7 +142,7 @@ void Rest::tidy() {
   stage_.form().grdLog.clear();
   stage_.form().grdLog.setRows(13);
   QApplication::setPalette(QPalette());
-  QPixmapCache::clear();
+  emptyCaches(false);
 }
 
 }  // namespace vireon::soak

@@ -233,7 +233,7 @@ void Soak::run() {
     ++sessions;
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    emptyCaches();
+    emptyCaches(true);
     between.add(Resources::now());
     log.note("between sessions: " + between.samples().back().text());
   }
