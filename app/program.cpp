@@ -93,8 +93,8 @@ void Program::Form_QueryUnload() {
   const auto answer = messages_.show(
       {"Exit", "     Save as Default ?", platform::MessageIcon::kNone, platform::MessageButtons::kYesNo});
   if (answer == platform::MessageAnswer::kYes) {
-    settings_.writeIni("ComPort", "ComPort", link.comPort, settingsPath_);
-    settings_.writeIni("BaudRate", "BaudRate", link.baudRate, settingsPath_);
+    settings_.writeAll({{"ComPort", "ComPort", link.comPort}, {"BaudRate", "BaudRate", link.baudRate}},
+                       settingsPath_);
   }
 }
 

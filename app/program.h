@@ -110,8 +110,6 @@ class Program {
   bool deviceNotFound(const char* text);
   void writeSettings();
   void readSettings();
-  void write(const char* key, const std::string& value);
-  std::string read(const char* key, const std::string& inHand);
   void prepareWindow();
 
   platform::MessagePump& pump_;
@@ -120,7 +118,7 @@ class Program {
   SettingsFile settings_;
   std::string settingsPath_;
   std::string tabCount_;
-  std::vector<std::string> unwritten_;  // keys whose values live in this run alone
+  bool unwritten_ = false;  // the settings in hand live in this run alone
   std::optional<link::Advice> usbAdvice_;
   bool loaded_ = false;
   bool cancelled_ = false;
