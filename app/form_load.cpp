@@ -41,9 +41,19 @@ class SearchScope {
 }  // namespace
 
 bool Program::Form_Load() {
+  bool loaded = false;
+  form.attend([&] {
+    form.attend([&] { loaded = load(); });
+    if (!loaded) {
+      Form_Unload();
+    }
+  });
+  return loaded;
+}
+
+bool Program::load() {
   unwritten_ = false;
   if (!settings_.fileExists(settingsPath_) && !firstRun()) {
-    Form_Unload();
     return false;
   }
   const protocol::UiBusyScope busy(state);

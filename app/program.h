@@ -11,6 +11,7 @@
 #include "capture/viewer.h"
 #include "files/file_commands.h"
 #include "files/list_print.h"
+#include "files/out_of_memory.h"
 #include "files/print_out.h"
 #include "form/main_form.h"
 #include "link/advice.h"
@@ -108,6 +109,7 @@ class Program {
   bool findOnUsb();
   bool identify();
   bool deviceNotFound(const char* text);
+  bool load();
   void writeSettings();
   void readSettings();
   void prepareWindow();
@@ -118,6 +120,7 @@ class Program {
   SettingsFile settings_;
   std::string settingsPath_;
   std::string tabCount_;
+  files::OutOfMemory outOfMemory_;
   bool unwritten_ = false;  // the settings in hand live in this run alone
   std::optional<link::Advice> usbAdvice_;
   bool loaded_ = false;

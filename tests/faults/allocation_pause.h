@@ -2,9 +2,9 @@
 
 namespace vireon::tests {
 
-// Whether allocations are the test's own at the moment, which never fail.
+// Whether allocations are the tests' or the fakes' own at the moment; those never fail.
 inline bool& allocationsPaused() {
-  static thread_local bool paused = false;
+  static thread_local bool paused = true;
   return paused;
 }
 
@@ -21,6 +21,6 @@ class AllocationScope {
 };
 
 using AllocationPause = AllocationScope<true>;    // while a fake is at work
-using AllocationResume = AllocationScope<false>;  // while a fake calls the program back
+using AllocationResume = AllocationScope<false>;  // while the program is
 
 }  // namespace vireon::tests

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <exception>
 #include <map>
 #include <memory>
@@ -45,7 +46,7 @@ class FaultBench {
   explicit FaultBench(FaultPlan& plan) : plan_(plan) {
     serialPort.instrument = [this](int com, int baudRate, const std::string& command) {
       return atSerialPort && com == 2 && baudRate == 4800
-                 ? std::vector<std::string>{onLine(instrument.answer(command))}
+                 ? inPieces(onLine(instrument.answer(command)))
                  : std::vector<std::string>{};
     };
     desktop.screen.windows = {{5, {0, 0, 12, 9}}};
@@ -75,19 +76,23 @@ class FaultBench {
   app::Program& program() { return *program_; }
   form::MainForm& form() { return program_->form; }
 
-  // One action of the user or of a timer, during which ports fail. It tells the user one thing at most.
+  // One action of the user or of a timer, during which ports fail. It tells the user one thing at most, and
+  // asks one.
   template <class Action>
   void step(const Action& action) {
     const std::size_t before = told();
+    const std::size_t askedBefore = asked();
     plan_.armed = true;
     try {
+      const AllocationResume resume;
       action();
     } catch (const std::exception& thrown) {
       plan_.armed = false;
       ADD_FAILURE() << "thrown out of a handler: " << thrown.what();
     }
     plan_.armed = false;
-    EXPECT_LE(told() - before, mostMessages) << lastTold();
+    EXPECT_LE(told() - before, 1U) << lastTold();
+    EXPECT_LE(asked() - askedBefore, mostQuestions) << lastTold();
   }
 
   void load() {
@@ -135,10 +140,17 @@ class FaultBench {
     ASSERT_EQ(told(), 0U);
   }
 
-  std::size_t told() const { return messages.count() + desktop.messages.count(); }
+  // Messages that say something, and those that ask.
+  std::size_t told() const { return messages.count() + desktop.messages.count() - asked(); }
+  std::size_t asked() const {
+    return static_cast<std::size_t>(
+        std::count_if(messages.shown.begin(), messages.shown.end(), [](const platform::Message& message) {
+          return message.buttons == platform::MessageButtons::kYesNo;
+        }));
+  }
   std::string lastTold() const { return messages.lastText() + " | " + desktop.messages.lastText(); }
 
-  std::size_t mostMessages = 1;  // of one step
+  std::size_t mostQuestions = 1;  // of one step
   bool loaded = false;
   bool mayClose = false;
   bool atSerialPort = false;
@@ -159,6 +171,16 @@ class FaultBench {
   FakeDesktop desktop;
 
  private:
+  // As a serial driver hands them over.
+  static std::vector<std::string> inPieces(const std::string& answer) {
+    constexpr std::size_t kPiece = 6;
+    std::vector<std::string> pieces;
+    for (std::size_t start = 0; start < answer.size(); start += kPiece) {
+      pieces.push_back(answer.substr(start, kPiece));
+    }
+    return pieces;
+  }
+
   FaultPlan& plan_;
   app::SimulatedHid hid_{endpoint, simulator::Model::kK7310};
   FaultyHid faultyHid_{hid_, endpoint, plan_};

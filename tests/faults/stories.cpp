@@ -42,7 +42,7 @@ void recorded(FaultBench& bench) {
   onMeterTab(bench);
   bench.click(bench.form().cmdStart);
   bench.instrument.answer("DFN10;DPS0,1,0,59;DPC04");
-  for (int second = 0; second < 75; ++second) {
+  for (int second = 0; second < 150; ++second) {
     bench.clock.advance(1s);
     bench.instrument.answer("STS??");
   }
@@ -57,7 +57,7 @@ void withAllToSave(FaultBench& bench) {
   for (int point = 0; point < 120; ++point) {
     bench.program().state.trdBuf[static_cast<std::size_t>(point)] = point % 40 + 0.5;
   }
-  fillList(bench, 30);
+  fillList(bench, 60);
   bench.switchTo(0);
   bench.tick();
 }
@@ -81,13 +81,13 @@ void firstRun(FaultBench& bench) {
 
 void serialSearch(FaultBench& bench) {
   bench.messages.answers = {platform::MessageAnswer::kYes};
-  bench.mostMessages = 2;  // the question, and what came of the search
+  bench.mostQuestions = 2;  // after a search in vain as well
   bench.click(bench.form().cmdBttn[0]);
-  bench.mostMessages = 1;
+  bench.mostQuestions = 1;
 }
 
 void liveWave(FaultBench& bench) {
-  for (int frame = 0; frame < 16; ++frame) {
+  for (int frame = 0; frame < 60; ++frame) {
     bench.instrument.signal(simulator::Channel::kA).amplitude = 0.5 + 0.1 * frame;
     bench.tick();
   }
@@ -113,14 +113,14 @@ void moveScopePanel(FaultBench& bench) {
   for (const auto& move : moves) {
     if (open()) move();
   }
-  bench.tick();
+  for (int frame = 0; frame < 3; ++frame) bench.tick();
 }
 
 void readMeter(FaultBench& bench) {
   Form& form = bench.form();
   for (int function = 0; function < form.optFun.size(); ++function) {
     if (form.panDlog.enabled()) bench.choose(form.optFun[function]);
-    bench.tick();
+    for (int reading = 0; reading < 4; ++reading) bench.tick();
   }
   if (form.panDlog.enabled()) bench.click(form.mrgUD[1]);
   if (form.panDlog.enabled()) bench.click(form.mrgUD[2]);
@@ -141,7 +141,7 @@ void logIn(FaultBench& bench, int mode) {
   if (open()) bench.click(form.cmdSet[1]);
   if (open()) bench.click(form.cmdLog[0]);
   if (open()) bench.check(form.chkLog1, 1);
-  for (int turn = 0; turn < 3; ++turn) {
+  for (int turn = 0; turn < 8; ++turn) {
     bench.clock.advance(2s);
     bench.tick();
   }
@@ -189,7 +189,6 @@ void saveAll(FaultBench& bench) {
 // What saveAll leaves.
 void withAllSaved(FaultBench& bench) {
   withAllToSave(bench);
-  bench.mostMessages = 1;
   saveAll(bench);
   bench.messages.shown.clear();
   bench.form().StatusBar1.setPanel(1, "");
@@ -223,7 +222,15 @@ void moveSerialPanel(FaultBench& bench) {
   if (open()) bench.click(form.cmdVu[0]);
   if (open()) bench.check(form.chkVac[0], 1);
   if (open()) bench.choose(form.optTS[1]);
+  if (open()) bench.choose(form.optTS[0]);
   if (open()) bench.slide(form.sldPosV[1], 30);
+  if (open()) bench.slide(form.sldPosH, 40);
+  if (open()) bench.slide(form.trgLvl, 117);
+  if (open()) bench.click(form.cmdSlp);
+  if (open()) bench.click(form.cmdTud[0]);
+  if (open()) bench.check(form.chkVof[1], 0);
+  if (open()) bench.check(form.chkVof[1], 1);
+  if (open()) bench.choose(form.cmbFun, 2);
   if (open()) bench.click(form.cmdClock);
   if (open()) bench.check(form.chkMhld, 1);
   if (open()) bench.check(form.chkMld, 1);
