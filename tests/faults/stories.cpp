@@ -27,7 +27,10 @@ void live(FaultBench& bench) {
 void onMeterTab(FaultBench& bench) {
   bench.goLive();
   bench.switchTo(1);
+  // The tab's change may have ended the sampling.
+  if (bench.form().cmdStart.caption() == "Start") bench.click(bench.form().cmdStart);
   bench.tick();
+  ASSERT_TRUE(bench.form().tmrInt.enabled());
 }
 
 void serialConnected(FaultBench& bench) {
