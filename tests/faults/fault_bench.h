@@ -45,9 +45,8 @@ class FaultBench {
  public:
   explicit FaultBench(FaultPlan& plan) : plan_(plan) {
     serialPort.instrument = [this](int com, int baudRate, const std::string& command) {
-      return atSerialPort && com == 2 && baudRate == 4800
-                 ? inPieces(onLine(instrument.answer(command)))
-                 : std::vector<std::string>{};
+      return atSerialPort && com == 2 && baudRate == 4800 ? inPieces(onLine(instrument.answer(command)))
+                                                          : std::vector<std::string>{};
     };
     desktop.screen.windows = {{5, {0, 0, 12, 9}}};
     desktop.screen.foreground = 5;

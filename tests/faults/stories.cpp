@@ -195,6 +195,10 @@ void withAllSaved(FaultBench& bench) {
   saveAll(bench);
   bench.messages.shown.clear();
   bench.form().StatusBar1.setPanel(1, "");
+  form::Grid& list = bench.form().grdLog;
+  list.clear();
+  list.setRows(13);
+  list.setText(1, 0, "a record of before");
 }
 
 void open(FaultBench& bench, const char* path) {
@@ -210,6 +214,20 @@ void openAll(FaultBench& bench) {
   bench.fileDialogs.answer = "folder/list.xls";
   bench.click(bench.form().cmdLoad[1]);
   bench.step([&] { bench.program().fileCommands.openSaved("folder/plot.trd"); });
+}
+
+void unplugged(FaultBench& bench) {
+  bench.endpoint.unplug();
+  bench.tick();
+  bench.tick();
+  bench.click(bench.form().cmdBttn[0]);
+}
+
+void adapterGone(FaultBench& bench) {
+  bench.step([&] { bench.serialPort.pullOut(); });
+  bench.atSerialPort = false;
+  bench.click(bench.form().cmdBttn[0]);
+  bench.atSerialPort = true;
 }
 
 void exitAndKeepThePort(FaultBench& bench) {
@@ -309,6 +327,8 @@ const std::vector<Story>& stories() {
       {"Download", recorded, download},
       {"Save", withAllToSave, saveAll},
       {"Open", withAllSaved, openAll},
+      {"Unplugged", live, unplugged},
+      {"AdapterGone", serialConnected, adapterGone},
       {"ExitWithSettings", serialConnected, exitAndKeepThePort},
       {"ExitOnUsb", live, [](FaultBench& bench) { bench.click(bench.form().cmdBttn[1]); }},
       {"CaptureAndPrint", withListOnly, captureAndPrint},
