@@ -91,6 +91,7 @@ class FaultBench {
     }
     plan_.armed = false;
     EXPECT_LE(told() - before, 1U) << lastTold();
+    expectInOrder();
     EXPECT_LE(asked() - askedBefore, mostQuestions) << lastTold();
   }
 
@@ -170,6 +171,15 @@ class FaultBench {
   FakeDesktop desktop;
 
  private:
+  // What a window says of its link is so, and no handler has left anything under way.
+  void expectInOrder() {
+    const bool open = program().link.onUsb() ? program().link.usbOpen : serialPort.isOpen();
+    EXPECT_TRUE(open || mayClose || !program().connection.connected());
+    EXPECT_FALSE(program().state.uiBusy);
+    EXPECT_FALSE(program().link.linkBusy);
+    EXPECT_FALSE(program().connection.operations().running());
+  }
+
   // As a serial driver hands them over.
   static std::vector<std::string> inPieces(const std::string& answer) {
     constexpr std::size_t kPiece = 6;
