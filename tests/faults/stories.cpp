@@ -115,15 +115,15 @@ void moveScopePanel(FaultBench& bench) {
   };
   for (const auto& move : moves) {
     if (open()) move();
+    bench.tick();
   }
-  for (int frame = 0; frame < 3; ++frame) bench.tick();
 }
 
 void readMeter(FaultBench& bench) {
   Form& form = bench.form();
   for (int function = 0; function < form.optFun.size(); ++function) {
     if (form.panDlog.enabled()) bench.choose(form.optFun[function]);
-    for (int reading = 0; reading < 4; ++reading) bench.tick();
+    for (int reading = 0; reading < 8; ++reading) bench.tick();
   }
   if (form.panDlog.enabled()) bench.click(form.mrgUD[1]);
   if (form.panDlog.enabled()) bench.click(form.mrgUD[2]);
@@ -144,7 +144,7 @@ void logIn(FaultBench& bench, int mode) {
   if (open()) bench.click(form.cmdSet[1]);
   if (open()) bench.click(form.cmdLog[0]);
   if (open()) bench.check(form.chkLog1, 1);
-  for (int turn = 0; turn < 8; ++turn) {
+  for (int turn = 0; turn < 16; ++turn) {
     bench.clock.advance(2s);
     bench.tick();
   }
