@@ -1,6 +1,7 @@
 #include "files/waveform_commands.h"
 
 #include <exception>
+#include <new>
 #include <span>
 
 #include "files/waveform_file.h"
@@ -81,6 +82,8 @@ void WaveformCommands::load(const std::string& path) {
   form_.chkMld.setValue(0);
   try {
     waveform_.dspWfm();
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception&) {
     folder_.sayProblem(path, "its trigger level is no hexadecimal number");
     return;

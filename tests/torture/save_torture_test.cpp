@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/fault_count.h"
 #include "tests/torture/saving_program.h"
 
 namespace vireon::tests {
@@ -75,6 +76,7 @@ TEST_P(SaveTorture, EachCallMayFail) {
       if (!wasReached()) {
         break;
       }
+      countFault();
       // A process that could not even start, or not end as it wanted, tells nothing.
       EXPECT_TRUE(code == 0 ? isNewWhole() : isOldWhole() || (code != 3 && isNewWhole()))
           << fault << ", exit code " << code;
@@ -96,6 +98,7 @@ TEST_P(SaveTorture, TheProcessMayBeKilledAtEachCall) {
       if (!wasKilled()) {
         break;
       }
+      countFault();
       EXPECT_TRUE(isOldWhole() || isNewWhole()) << stop;
       for (const std::string& left : folder_.names()) {
         EXPECT_TRUE(left == name() || left.starts_with(".vireon-")) << stop << ": " << left;
