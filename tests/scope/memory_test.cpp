@@ -15,7 +15,7 @@ TEST_F(WaveformMemory, ASettingThatThePanelCouldNotTakeComesWithTheNextFrame) {
   interpreter.effects.dspVinf = dspVinf;
   take(WaveformFields{}.bytes());
   EXPECT_EQ(form.lblSinf[0].caption(), "A:1V");
-  EXPECT_EQ(form.lblSinf[1].caption(), "B:0.5V");
+  EXPECT_EQ(form.lblSinf[1].caption(), "B:2V");
 }
 
 }  // namespace
