@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
+#include "app/ini_text.h"
 #include "app/program.h"
 #include "link/window_state.h"
 #include "meter/panel_layouts.h"
@@ -39,8 +41,19 @@ class SearchScope {
 }  // namespace
 
 bool Program::Form_Load() {
+  bool loaded = false;
+  form.attend([&] {
+    form.attend([&] { loaded = load(); });
+    if (!loaded) {
+      Form_Unload();
+    }
+  });
+  return loaded;
+}
+
+bool Program::load() {
+  unwritten_ = false;
   if (!settings_.fileExists(settingsPath_) && !firstRun()) {
-    Form_Unload();
     return false;
   }
   const protocol::UiBusyScope busy(state);
@@ -113,35 +126,31 @@ bool Program::deviceNotFound(const char* text) {
   return false;
 }
 
+// One write for all: a part of them would keep the next start from searching, and from finding anything.
 void Program::writeSettings() {
-  write("Caption", form.caption());
-  write("System ID", state.modelId);
-  write("ProductId", std::to_string(link.usbProductId));
-  write("Tabs", tabCount_);
-  write("ComPort", link.comPort);
-  write("BaudRate", link.baudRate);
+  const std::string productId = std::to_string(link.usbProductId);
+  unwritten_ = !settings_.writeAll({{"Caption", "Caption", form.caption()},
+                                    {"System ID", "System ID", state.modelId},
+                                    {"ProductId", "ProductId", productId},
+                                    {"Tabs", "Tabs", tabCount_},
+                                    {"ComPort", "ComPort", link.comPort},
+                                    {"BaudRate", "BaudRate", link.baudRate}},
+                                   settingsPath_);
 }
 
 void Program::readSettings() {
-  form.setCaption(read("Caption", form.caption()));
-  link.usbProductId = static_cast<std::int16_t>(
-      protocol::leadingNumber(read("ProductId", std::to_string(link.usbProductId))));
-  state.modelId = read("System ID", state.modelId);
-  form.SSTab1.setTabs(read("Tabs", tabCount_) == "2" ? 2 : 1);
-  link.comPort = read("ComPort", link.comPort);
-  link.baudRate = read("BaudRate", link.baudRate);
-}
-
-void Program::write(const char* key, const std::string& value) {
-  if (!settings_.writeIni(key, key, value, settingsPath_)) {
-    unwritten_.emplace_back(key);
+  if (unwritten_) {
+    form.SSTab1.setTabs(tabCount_ == "2" ? 2 : 1);
+    return;
   }
-}
-
-// The key's value in the settings file, or the one in hand where that could not be written there.
-std::string Program::read(const char* key, const std::string& inHand) {
-  const bool unwritten = std::ranges::find(unwritten_, key) != unwritten_.end();
-  return unwritten ? inHand : settings_.readIni(key, key, settingsPath_);
+  const std::string text = settings_.text(settingsPath_);
+  const auto read = [&](std::string_view key) { return iniValue(text, key, key); };
+  form.setCaption(read("Caption"));
+  link.usbProductId = static_cast<std::int16_t>(protocol::leadingNumber(read("ProductId")));
+  state.modelId = read("System ID");
+  form.SSTab1.setTabs(read("Tabs") == "2" ? 2 : 1);
+  link.comPort = read("ComPort");
+  link.baudRate = read("BaudRate");
 }
 
 void Program::prepareWindow() {

@@ -3,6 +3,8 @@
 #include <exception>
 #include <utility>
 
+#include "link/at_end.h"
+#include "link/window_state.h"
 #include "meter/panel_layouts.h"
 #include "protocol/reply_text.h"
 #include "scope/scale_tables.h"
@@ -43,6 +45,11 @@ Program::~Program() {
 }
 
 void Program::tie() {
+  form.onOutOfMemory = [this] {
+    // Else the poll would run out of it again and again.
+    link::switchSampling(form, false);
+    outOfMemory_.tell(messages_);
+  };
   connection.onFrame([this] { dispatcher.dspRcv(); });
   interpreter.effects.dspVinf = [this](int channel, int setting) {
     scope::dspVinf(form, state, channel, setting);
@@ -93,8 +100,8 @@ void Program::Form_QueryUnload() {
   const auto answer = messages_.show(
       {"Exit", "     Save as Default ?", platform::MessageIcon::kNone, platform::MessageButtons::kYesNo});
   if (answer == platform::MessageAnswer::kYes) {
-    settings_.writeIni("ComPort", "ComPort", link.comPort, settingsPath_);
-    settings_.writeIni("BaudRate", "BaudRate", link.baudRate, settingsPath_);
+    settings_.writeAll({{"ComPort", "ComPort", link.comPort}, {"BaudRate", "BaudRate", link.baudRate}},
+                       settingsPath_);
   }
 }
 
@@ -112,8 +119,10 @@ bool Program::requestClose() {
     longWork.cancel();
     return false;
   }
-  Form_QueryUnload();
-  Form_Unload();
+  form.attend([this] {
+    const link::AtEnd unload([this] { form.attend([this] { Form_Unload(); }); });
+    Form_QueryUnload();
+  });
   return true;
 }
 

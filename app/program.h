@@ -11,6 +11,7 @@
 #include "capture/viewer.h"
 #include "files/file_commands.h"
 #include "files/list_print.h"
+#include "files/out_of_memory.h"
 #include "files/print_out.h"
 #include "form/main_form.h"
 #include "link/advice.h"
@@ -108,10 +109,9 @@ class Program {
   bool findOnUsb();
   bool identify();
   bool deviceNotFound(const char* text);
+  bool load();
   void writeSettings();
   void readSettings();
-  void write(const char* key, const std::string& value);
-  std::string read(const char* key, const std::string& inHand);
   void prepareWindow();
 
   platform::MessagePump& pump_;
@@ -120,7 +120,8 @@ class Program {
   SettingsFile settings_;
   std::string settingsPath_;
   std::string tabCount_;
-  std::vector<std::string> unwritten_;  // keys whose values live in this run alone
+  files::OutOfMemory outOfMemory_;
+  bool unwritten_ = false;  // the settings in hand live in this run alone
   std::optional<link::Advice> usbAdvice_;
   bool loaded_ = false;
   bool cancelled_ = false;

@@ -1,6 +1,7 @@
 #include "app/settings_file.h"
 
 #include <optional>
+#include <utility>
 
 #include "app/ini_text.h"
 
@@ -15,16 +16,30 @@ bool SettingsFile::fileExists(const std::string& path) {
 }
 
 std::string SettingsFile::readIni(std::string_view section, std::string_view key, const std::string& file) {
-  return iniValue(store_.read(file, kLongestFile).bytes, section, key);
+  return iniValue(text(file), section, key);
+}
+
+std::string SettingsFile::text(const std::string& file) {
+  return store_.read(file, kLongestFile).bytes;
 }
 
 bool SettingsFile::writeIni(std::string_view section, std::string_view key, std::string_view value,
                             const std::string& file) {
+  return writeAll({{section, key, value}}, file);
+}
+
+bool SettingsFile::writeAll(std::initializer_list<Entry> entries, const std::string& file) {
   const FileReadResult old = store_.read(file, kLongestFile);
-  if (old.error != FileReadError::kNone && old.error != FileReadError::kNotFound) return false;
-  const std::optional<std::string> text = withIniValue(old.bytes, section, key, value);
-  if (!text || text->size() > kLongestFile) return false;
-  return *text == old.bytes || store_.replace(file, *text) == FileReplace::kDone;
+  // A file that is there all the same holds settings that a new one would lose.
+  const bool missing = old.error == FileReadError::kNotFound && !store_.exists(file);
+  if (old.error != FileReadError::kNone && !missing) return false;
+  std::string text = old.bytes;
+  for (const Entry& entry : entries) {
+    std::optional<std::string> changed = withIniValue(text, entry.section, entry.key, entry.value);
+    if (!changed || changed->size() > kLongestFile) return false;
+    text = std::move(*changed);
+  }
+  return text == old.bytes || store_.replace(file, text) == FileReplace::kDone;
 }
 
 }  // namespace vireon::app

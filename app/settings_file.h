@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ class SettingsFile {
   // False for an empty path and for folders.
   bool fileExists(const std::string& path);
 
+  // The whole text; empty where the file cannot be read or is longer than kLongestFile.
+  std::string text(const std::string& file);
+
   // The value of at most 1023 bytes; empty where the key is absent and where the file cannot be read, is
   // longer than kLongestFile or is UTF-16.
   std::string readIni(std::string_view section, std::string_view key, const std::string& file);
@@ -27,6 +31,15 @@ class SettingsFile {
   // one that has the value already is not written. One that readIni cannot read is left alone.
   bool writeIni(std::string_view section, std::string_view key, std::string_view value,
                 const std::string& file);
+
+  struct Entry {
+    std::string_view section;
+    std::string_view key;
+    std::string_view value;
+  };
+
+  // The same for several, in their order: all of them are written or none.
+  bool writeAll(std::initializer_list<Entry> entries, const std::string& file);
 
  private:
   platform::FileStore& store_;

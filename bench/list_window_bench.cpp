@@ -2,7 +2,10 @@
 
 #include <QScrollBar>
 #include <QTableView>
+#include <memory>
+#include <string>
 
+#include "adapters/qt/printer.h"
 #include "bench/dumps.h"
 #include "bench/window_rig.h"
 
@@ -69,5 +72,48 @@ void oneRecordIntoTheFilledWindow(benchmark::State& state) {
   }
 }
 BENCHMARK(oneRecordIntoTheFilledWindow)->Unit(benchmark::kMicrosecond);
+
+// A printer that lays documents out as the system's does, and takes them.
+class PaperlessPrinter : public vireon::platform::Printer {
+ public:
+  explicit PaperlessPrinter(vireon::adapters::ModalGate& gate) : printer_(gate) {}
+
+  std::unique_ptr<vireon::platform::PrintDocument> begin() override { return printer_.begin(); }
+  vireon::platform::PrintResult print(const std::string& /*title*/, std::string_view document) override {
+    size = document.size();
+    return vireon::platform::PrintResult::kDone;
+  }
+
+  std::size_t size = 0;  // bytes of the last document
+
+ private:
+  vireon::adapters::QtPrinter printer_;
+};
+
+// A list of 60,000 rows laid out as a PDF, its progress shown.
+void printOutOfALongList(benchmark::State& state) {
+  vireon::bench::Bench bench;
+  vireon::bench::NoSerialPort serialPort;
+  vireon::app::MemoryFileStore files;
+  vireon::adapters::ModalGate gate;
+  PaperlessPrinter printer(gate);
+  vireon::app::Session session({bench.hid, serialPort, files, &printer}, "", gate);
+  session.show();
+  vireon::form::Grid& list = session.program().form.grdLog;
+  const int rows = static_cast<int>(state.range(0));
+  list.setRows(rows + 2);
+  for (int row = 1; row <= rows; ++row) {
+    list.setText(row, 0, std::to_string(row));
+    list.setText(row, 1, "12:34:56");
+    list.setText(row, 2, "  4.80V");
+  }
+  for (auto _ : state) {
+    session.program().form.cmdLprt.click();
+  }
+  if (printer.size == 0) {
+    state.SkipWithError("nothing was printed");
+  }
+}
+BENCHMARK(printOutOfALongList)->Arg(1000)->Arg(60000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <string>
 
@@ -14,6 +15,10 @@
 namespace {
 
 constexpr int kSeconds = 4;
+constexpr int kFrames = 1000000;
+// To see that it runs at all.
+constexpr int kFewSeconds = 1;
+constexpr int kFewFrames = 10000;
 
 double processorSeconds() {
   rusage usage{};
@@ -55,12 +60,13 @@ struct LiveRig {
     form().cmdStart.click();
   }
 
-  // Runs the event loop; returns the share of one core that the process used meanwhile, in percent.
-  double run() {
+  // Runs the event loop for so many seconds; returns the share of one core that the process used meanwhile,
+  // in percent.
+  double run(std::int64_t seconds) {
     const double before = processorSeconds();
     QElapsedTimer time;
     time.start();
-    QTimer::singleShot(kSeconds * 1000, qApp, &QApplication::quit);
+    QTimer::singleShot(std::chrono::seconds(seconds), qApp, &QApplication::quit);
     QApplication::exec();
     return 100 * (processorSeconds() - before) / (static_cast<double>(time.elapsed()) / 1000);
   }
@@ -69,22 +75,30 @@ struct LiveRig {
 void processorWhileDisconnected(benchmark::State& state) {
   for (auto _ : state) {
     LiveRig rig;
-    state.counters["percent_of_a_core"] = rig.run();
+    state.counters["percent_of_a_core"] = rig.run(state.range(0));
   }
 }
-BENCHMARK(processorWhileDisconnected)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(processorWhileDisconnected)
+    ->Arg(kSeconds)
+    ->Arg(kFewSeconds)
+    ->Iterations(1)
+    ->Unit(benchmark::kSecond);
 
 void processorAt60FramesASecond(benchmark::State& state) {
   for (auto _ : state) {
     LiveRig rig;
     rig.start("0.0167");
     const std::uint64_t before = rig.instrument.commandCount();
-    state.counters["percent_of_a_core"] = rig.run();
+    state.counters["percent_of_a_core"] = rig.run(state.range(0));
     state.counters["frames_per_second"] =
-        static_cast<double>(rig.instrument.commandCount() - before) / kSeconds;
+        static_cast<double>(rig.instrument.commandCount() - before) / static_cast<double>(state.range(0));
   }
 }
-BENCHMARK(processorAt60FramesASecond)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(processorAt60FramesASecond)
+    ->Arg(kSeconds)
+    ->Arg(kFewSeconds)
+    ->Iterations(1)
+    ->Unit(benchmark::kSecond);
 
 // A sampling time of 1 ms, with a user who clicks ten times a second.
 void framesAtOneMillisecond(benchmark::State& state) {
@@ -106,21 +120,21 @@ void framesAtOneMillisecond(benchmark::State& state) {
     });
     user.start(100);
     const std::uint64_t before = rig.instrument.commandCount();
-    state.counters["percent_of_a_core"] = rig.run();
+    state.counters["percent_of_a_core"] = rig.run(state.range(0));
     state.counters["frames_per_second"] =
-        static_cast<double>(rig.instrument.commandCount() - before) / kSeconds;
+        static_cast<double>(rig.instrument.commandCount() - before) / static_cast<double>(state.range(0));
     state.counters["slowest_click_ms"] = static_cast<double>(slowest) / 1e6;
   }
 }
-BENCHMARK(framesAtOneMillisecond)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(framesAtOneMillisecond)->Arg(kSeconds)->Arg(kFewSeconds)->Iterations(1)->Unit(benchmark::kSecond);
 
-void memoryOverAMillionFrames(benchmark::State& state) {
+void memoryOverManyFrames(benchmark::State& state) {
   for (auto _ : state) {
     LiveRig rig;
     rig.start("0.5");
     rig.form().tmrInt.setInterval(0);
-    const auto frames = [&](int count) {
-      for (int frame = 0; frame < count; ++frame) {
+    const auto frames = [&](std::int64_t count) {
+      for (std::int64_t frame = 0; frame < count; ++frame) {
         rig.session.program().sampling.tmrInt_Timer();
         if (frame % 10 == 0) {
           QApplication::processEvents();
@@ -129,12 +143,12 @@ void memoryOverAMillionFrames(benchmark::State& state) {
     };
     frames(10000);
     const double before = residentMegabytes();
-    frames(1000000);
+    frames(state.range(0));
     state.counters["resident_MB"] = residentMegabytes();
     state.counters["grown_MB"] = residentMegabytes() - before;
   }
 }
-BENCHMARK(memoryOverAMillionFrames)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(memoryOverManyFrames)->Arg(kFrames)->Arg(kFewFrames)->Iterations(1)->Unit(benchmark::kSecond);
 
 }  // namespace
 

@@ -5,12 +5,13 @@
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
-#include <cstdio>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <thread>
 
 #include "adapters/qt/painting_hid.h"
+#include "bench/measured.h"
 
 namespace {
 
@@ -78,16 +79,16 @@ class Watched : public QWidget {
   int paints_ = 0;
 };
 
-void report(const char* what, const Watched& window) {
-  std::printf("%-28s %5d paints, longest gap %lld ms\n", what, window.paints(),
-              static_cast<long long>(window.longest()));
+void report(const std::string& device, const Watched& window) {
+  vireon::bench::measured(device + ".paints", window.paints(), "in all");
+  vireon::bench::measured(device + ".gap", static_cast<double>(window.longest()), "ms");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  const bool quick = argc > 1 && std::string_view(argv[1]).starts_with("--benchmark_min_time");
+  const bool quick = argc > 1 && std::string_view(argv[1]) == "--quick";
   Watched window;
   window.resize(731, 386);
   window.show();
@@ -100,9 +101,9 @@ int main(int argc, char** argv) {
   std::array<std::uint8_t, 65> bytes{};
   window.begin();
   handle->read(bytes, milliseconds(6000));
-  report("a device that is silent", window);
+  report("silent", window);
   window.begin();
   handle->write(bytes);
-  report("a device that takes no data", window);
+  report("deaf", window);
   return 0;
 }

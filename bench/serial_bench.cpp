@@ -22,11 +22,13 @@
 #include "adapters/qt/serial_port.h"
 #include "app/executables/session.h"
 #include "bench/bench_rig.h"
+#include "bench/measured.h"
 #include "protocol/vocabulary.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using vireon::bench::measured;
 
 constexpr int kBaud = 9600;
 constexpr int kBitsPerByte = 10;
@@ -150,14 +152,15 @@ struct Rig {
   }
 };
 
-void tellOfExchanges(Rig& rig, const char* name, int count) {
+// False when an exchange fails.
+bool tellOfExchanges(Rig& rig, const char* name, int count) {
   const std::string command(vireon::protocol::kQueryFunction);
   std::vector<double> late;
   const auto begin = Clock::now();
   for (int i = 0; i < count; ++i) {
     if (!rig.exchange(command)) {
-      std::printf("serial %s: an exchange failed\n", name);
-      return;
+      std::fprintf(stderr, "serial %s: an exchange failed\n", name);
+      return false;
     }
     const Clock::time_point last{Clock::duration(rig.instrument.lastByte)};
     late.push_back(milliseconds(Clock::now() - last));
@@ -165,10 +168,14 @@ void tellOfExchanges(Rig& rig, const char* name, int count) {
   const double took = milliseconds(Clock::now() - begin) / 1000;
   const double allowed = 1000 / milliseconds(lineTime(command.size() + 2 + rig.instrument.answer.size()));
   std::sort(late.begin(), late.end());
-  std::printf("serial %s: %.2f exchanges a second of %.2f that the line allows, %.1f %%\n", name,
-              count / took, allowed, 100 * count / took / allowed);
-  std::printf("serial %s: answer taken in after its last byte: median %.2f ms, longest %.2f ms\n", name,
-              late[late.size() / 2], late.back());
+  const auto tell = [name](const char* what, double value, const char* unit) {
+    measured(std::string("serial.") + name + what, value, unit);
+  };
+  tell(".exchanges", count / took, "a second");
+  tell(".allowed", allowed, "a second");
+  tell(".late", late[late.size() / 2], "ms");
+  tell(".latest", late.back(), "ms");
+  return true;
 }
 
 void tellOfWaiting(Rig& rig) {
@@ -179,22 +186,21 @@ void tellOfWaiting(Rig& rig) {
   const auto begin = Clock::now();
   const double before = processorSeconds();
   rig.exchange();
-  std::printf("serial wait: %.2f %% of a core over %.0f ms\n",
-              100000 * (processorSeconds() - before) / milliseconds(Clock::now() - begin),
-              milliseconds(Clock::now() - begin));
+  measured("serial.wait.processor",
+           100000 * (processorSeconds() - before) / milliseconds(Clock::now() - begin), "%");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bool quick = argc > 1 && std::string_view(argv[1]).starts_with("--benchmark_min_time");
+  const bool quick = argc > 1 && std::string_view(argv[1]) == "--quick";
   const QApplication application(argc, argv);
   QApplication::setStyle(QStringLiteral("Fusion"));
   Rig rig;
   rig.exchange();
-  tellOfExchanges(rig, "setting", quick ? 5 : 200);
+  if (!tellOfExchanges(rig, "setting", quick ? 5 : 200)) return 1;
   rig.instrument.answer = "\2drs:" + std::string(284, 'A') + "\3";
-  tellOfExchanges(rig, "waveform", quick ? 1 : 20);
+  if (!tellOfExchanges(rig, "waveform", quick ? 1 : 20)) return 1;
   tellOfWaiting(rig);
   return 0;
 }

@@ -99,7 +99,7 @@ BmpResult failed(BmpError error) {
 
 }  // namespace
 
-BmpResult readBmp(std::string_view bytes) {
+BmpResult readBmp(std::string_view bytes, std::int64_t mostPixels) {
   if (!bytes.starts_with("BM")) {
     return failed(BmpError::kNoBitmap);
   }
@@ -114,7 +114,7 @@ BmpResult readBmp(std::string_view bytes) {
     return failed(BmpError::kUnsupported);
   }
   const std::int64_t height = std::abs(header->height);
-  if (header->width > kMostBmpPixels || height > kMostBmpPixels / header->width) {
+  if (header->width > mostPixels || height > mostPixels / header->width) {
     return failed(BmpError::kTooLarge);
   }
 

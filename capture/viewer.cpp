@@ -1,6 +1,7 @@
 #include "capture/viewer.h"
 
 #include <algorithm>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -71,7 +72,13 @@ void Viewer::show(Picture picture) {
 
 void Viewer::Form_Load() {
   window_ = ports_.windows.make();
-  window_->onCommand = [this](platform::ViewerCommand command) { this->command(command); };
+  window_->onCommand = [this](platform::ViewerCommand command) {
+    try {
+      this->command(command);
+    } catch (const std::bad_alloc&) {
+      outOfMemory_.tell(ports_.messages);
+    }
+  };
   window_->onResize = [this] { Form_Resize(); };
   window_->onUnload = [this] { Form_Unload(); };
 }
@@ -94,8 +101,8 @@ void Viewer::command(platform::ViewerCommand command) {
 }
 
 void Viewer::setPicture(Picture picture) {
+  window_->setPicture(picture.bitmap);
   picture_ = std::move(picture);
-  window_->setPicture(picture_.bitmap);
   Form_Resize();
 }
 

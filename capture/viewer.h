@@ -4,6 +4,7 @@
 #include <string>
 
 #include "capture/capture.h"
+#include "files/out_of_memory.h"
 #include "files/print_out.h"
 #include "platform/clipboard.h"
 #include "platform/file_dialog.h"
@@ -65,6 +66,7 @@ class Viewer {
   files::PrintOut& printOut_;
   Picture picture_;
   std::unique_ptr<platform::ViewerWindow> window_;
+  files::OutOfMemory outOfMemory_;
 };
 
 }  // namespace vireon::capture

@@ -108,9 +108,11 @@ void FileCommands::openSaved() {
 }
 
 void FileCommands::openSaved(const std::string& path) {
-  if (!parts_.longWork.running()) {
-    show(kindOf(path), path);
-  }
+  parts_.form.attend([&] {
+    if (!parts_.longWork.running()) {
+      show(kindOf(path), path);
+    }
+  });
 }
 
 FileCommands::Kind FileCommands::kindOf(const std::string& path) {

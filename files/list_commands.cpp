@@ -11,8 +11,9 @@ bool isEmptyList(const form::Grid& list) {
 
 void fillList(form::Grid& list, std::vector<ListRow> rows) {
   const int count = static_cast<int>(rows.size());
-  list.clear();
+  // First what may fail, while the list is whole.
   list.setRows(std::max(list.rows(), count + 1));
+  list.clear();
   const int columns = std::min(list.columns(), 4);
   for (int row = 0; row < count; ++row) {
     for (int column = 0; column < columns; ++column) {

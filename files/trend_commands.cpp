@@ -5,7 +5,7 @@
 namespace vireon::files {
 namespace {
 
-constexpr std::size_t kLargestFile = 1U << 20U;
+constexpr std::size_t kLargestTrendFile = 1U << 20U;
 constexpr int kFull = kTrendPoints - 1;  // value of barTrd, the number of the last point from 0
 
 }  // namespace
@@ -45,7 +45,7 @@ void TrendCommands::write() {
 void TrendCommands::load(const std::string& path) {
   form_.picTrd.cls();
   form_.barTrd.setValue(0);
-  const auto file = folder_.read(path, kLargestFile);
+  const auto file = folder_.read(path, kLargestTrendFile);
   if (!file) {
     return;
   }

@@ -1,6 +1,7 @@
 #include "files/waveform_commands.h"
 
 #include <exception>
+#include <new>
 #include <span>
 
 #include "files/waveform_file.h"
@@ -8,7 +9,7 @@
 namespace vireon::files {
 namespace {
 
-constexpr std::size_t kLargestFile = 1U << 20U;
+constexpr std::size_t kLargestWaveformFile = 1U << 20U;
 
 // While the link collects an answer, its buffer gets back after a scope what it held before.
 class KeptAnswer {
@@ -64,7 +65,7 @@ void WaveformCommands::write() {
 }
 
 void WaveformCommands::load(const std::string& path) {
-  const auto file = folder_.read(path, kLargestFile);
+  const auto file = folder_.read(path, kLargestWaveformFile);
   if (!file) {
     return;
   }
@@ -81,6 +82,8 @@ void WaveformCommands::load(const std::string& path) {
   form_.chkMld.setValue(0);
   try {
     waveform_.dspWfm();
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception&) {
     folder_.sayProblem(path, "its trigger level is no hexadecimal number");
     return;

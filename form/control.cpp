@@ -37,13 +37,19 @@ void Form::lowerShield() {
   shieldMoved(false);
 }
 
+void Form::tellOutOfMemory() {
+  if (std::exchange(memoryRanOut_, false)) {
+    onOutOfMemory();
+  }
+}
+
 void Form::shieldMoved(bool up) const {
   if (view_ != nullptr) {
     view_->shieldMoved(up);
   }
 }
 
-Control::Control(Form& form, std::string name) : name_(std::move(name)) {
+Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) {
   form.controls_.push_back(this);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -56,11 +57,48 @@ class Form {
   void raiseShield(const std::vector<const Control*>& open);
   void lowerShield();
 
+  // Runs an event's handler, or anything else that an event loop calls. Memory that runs out ends that and is
+  // not thrown on: whoever called goes on, and at the end of the outermost one the user is told, once.
+  template <class Action>
+  void attend(const Action& action) {
+    const Attending attending(*this);
+    try {
+      action();
+    } catch (const std::bad_alloc&) {
+      // A form of its own, without anybody who would tell.
+      if (!onOutOfMemory) {
+        throw;
+      }
+      memoryRanOut_ = true;
+    }
+  }
+
+  // Memory ran out in a handler, which has ended, as have those that it was called by.
+  std::function<void()> onOutOfMemory;
+
  private:
   friend class Control;
+  // One handler at work.
+  class Attending {
+   public:
+    explicit Attending(Form& form) : form_(form) { ++form_.attended_; }
+    Attending(const Attending&) = delete;
+    Attending& operator=(const Attending&) = delete;
+    ~Attending() {
+      if (--form_.attended_ == 0) {
+        form_.tellOutOfMemory();
+      }
+    }
+
+   private:
+    Form& form_;
+  };
+  void tellOutOfMemory();
   void shieldMoved(bool up) const;
 
   std::string caption_;
+  int attended_ = 0;  // handlers, one inside the other
+  bool memoryRanOut_ = false;
   std::vector<Control*> controls_;
   ControlView* view_ = nullptr;
 };
@@ -105,14 +143,20 @@ class Control {
     return true;
   }
   void touch() const;
-  static void raise(const Handler& handler) {
-    if (handler) {
-      handler();
+  template <class Event, class... Arguments>
+  void raise(const Event& event, Arguments... arguments) const {
+    if (event) {
+      form_.attend([&] { event(arguments...); });
     }
+  }
+  template <class Action>
+  void attend(const Action& action) const {
+    form_.attend(action);
   }
 
  private:
   friend class Form;
+  Form& form_;
   std::string name_;
   ControlView* view_ = nullptr;
   bool visible_ = true;

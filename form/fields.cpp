@@ -14,8 +14,10 @@ void TextBox::setText(std::string text) {
 }
 
 void TextBox::type(std::string_view utf8) {
-  Text1252 typed = text1252FromUtf8(utf8);
-  take(std::move(typed.text), typed.complete);
+  attend([&] {
+    Text1252 typed = text1252FromUtf8(utf8);
+    take(std::move(typed.text), typed.complete);
+  });
 }
 
 void TextBox::take(std::string text, bool complete) {

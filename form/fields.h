@@ -44,11 +44,7 @@ class TextBox : public Control {
   void setReadOnly(bool readOnly) { assign(readOnly_, readOnly); }
 
   // What a key press does before the box takes it; `character` is a code of code page 1252, 13 for Enter.
-  void keyPress(int character) const {
-    if (onKeyPress) {
-      onKeyPress(character);
-    }
-  }
+  void keyPress(int character) const { raise(onKeyPress, character); }
   // What a mouse button pressed on the box does.
   void mouseDown() const { raise(onMouseDown); }
   // What a key press that brings the input focus into the box does.

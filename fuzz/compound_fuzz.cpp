@@ -1,24 +1,15 @@
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "adapters/spreadsheet/gsf_compound_files.h"
 #include "files/import_rows.h"
+#include "fuzz/require.h"
 
-namespace {
-
-using vireon::platform::UnpackError;
-
-void require(bool invariant) {
-  if (!invariant) {
-    std::abort();
-  }
-}
-
-}  // namespace
-
-// An input is a compound file.
+// An input is a compound file. The workbook that is in it is read; it is packed and unpacked unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using vireon::fuzz::require;
+  using vireon::platform::PackError;
+  using vireon::platform::UnpackError;
   static vireon::adapters::GsfCompoundFiles compound;
   const auto unpacked = compound.unpack(std::string_view(reinterpret_cast<const char*>(data), size),
                                         vireon::files::kLargestWorkbook);
@@ -29,5 +20,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   const auto imported = vireon::files::importRows(unpacked.workbook);
   require(imported.error == vireon::files::WorkbookReadError::kNone || imported.rows.empty());
+  const auto packed = compound.pack(unpacked.workbook);
+  require(packed.error == PackError::kNone);
+  const auto again = compound.unpack(packed.file, vireon::files::kLargestWorkbook);
+  require(again.error == UnpackError::kNone && again.workbook == unpacked.workbook);
   return 0;
 }

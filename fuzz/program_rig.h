@@ -1,17 +1,10 @@
 #pragma once
 
-#include <cstdlib>
-
 #include "bench/bench_rig.h"
+#include "fuzz/require.h"
 #include "tests/fakes/fake_desktop.h"
 
 namespace vireon::fuzz {
-
-inline void require(bool invariant) {
-  if (!invariant) {
-    std::abort();
-  }
-}
 
 // No device; counts how often the program wanted to send.
 class AbsentHid : public platform::RawHid {

@@ -1,24 +1,19 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "app/ini_text.h"
+#include "fuzz/require.h"
 
 namespace {
 
 using vireon::app::iniValue;
 using vireon::app::withIniValue;
+using vireon::fuzz::require;
 
 constexpr std::size_t kMostNames = 8;  // other sections and other keys that are looked at
-
-void require(bool invariant) {
-  if (!invariant) {
-    std::abort();
-  }
-}
 
 std::string_view cut(std::string_view text, std::string_view ends) {
   return text.substr(0, text.find_first_of(ends));

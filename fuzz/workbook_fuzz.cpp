@@ -1,21 +1,16 @@
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "files/import_rows.h"
 #include "files/workbook_writer.h"
+#include "fuzz/require.h"
 
 namespace {
 
 using vireon::files::ImportResult;
 using vireon::files::WorkbookReadError;
 using vireon::files::WorkbookWriteError;
-
-void require(bool invariant) {
-  if (!invariant) {
-    std::abort();
-  }
-}
+using vireon::fuzz::require;
 
 void requireBounded(const ImportResult& result) {
   require(result.error == WorkbookReadError::kNone || result.rows.empty());

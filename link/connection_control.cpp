@@ -13,7 +13,7 @@ constexpr const char* kUsbOnly = "Works over USB only";
 }  // namespace
 
 ConnectionControl::ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
-                                     LinkPorts ports)
+                                     const LinkPorts& ports)
     : form_(form),
       state_(state),
       link_(link),
@@ -65,6 +65,8 @@ Outcome ConnectionControl::ask(std::string_view command) {
 }
 
 void ConnectionControl::usbFail() {
+  // The window falls back even where memory runs out before the message.
+  const FallBack fallBackInTheEnd(form_);
   apiUsb_.closeDevice();
   form_.cmdStart.setBackColor(form::kButtonFace);
   form_.StatusBar1.setPanel(2, "Disconnected");
@@ -72,7 +74,6 @@ void ConnectionControl::usbFail() {
     messages_.show({"Connection Error", "Device not detected...Please check USB cable & connector.",
                     platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
   }
-  fallBack(form_);
 }
 
 void ConnectionControl::cmdBttn_Click(int index) {

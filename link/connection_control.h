@@ -43,7 +43,8 @@ struct ErrorRecord {
 // Whether the window is connected is shown, and tested, by the back colour of cmdBttn(0).
 class ConnectionControl {
  public:
-  ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link, LinkPorts ports);
+  ConnectionControl(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
+                    const LinkPorts& ports);
 
   // Takes a complete frame from rxBuf, of either link.
   void onFrame(const std::function<void()>& dspRcv);

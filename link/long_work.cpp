@@ -13,6 +13,9 @@ LongWork::LongWork(form::MainForm& form, protocol::InstrumentState& state, Opera
 
 LongWork::Scope::Scope(LongWork& work, int total, std::initializer_list<const form::Control*> open)
     : work_(work), operation_(work.operations_) {
+  // First what may fail.
+  std::vector<const form::Control*> all(open);
+  all.insert(all.end(), {&work.form_.cmdCancel, &work.form_.cmdBttn[1]});
   work_.cancelled_ = false;
   work_.state_.logTransfer = true;
   form::MainForm& form = work_.form_;
@@ -20,8 +23,6 @@ LongWork::Scope::Scope(LongWork& work, int total, std::initializer_list<const fo
   form.barWork.setValue(0);
   form.barWork.setVisible(true);
   form.cmdCancel.setVisible(true);
-  std::vector<const form::Control*> all(open);
-  all.insert(all.end(), {&form.cmdCancel, &form.cmdBttn[1]});
   form.raiseShield(all);
 }
 

@@ -1,5 +1,7 @@
 #include <string>
+#include <utility>
 
+#include "link/at_end.h"
 #include "link/flag_scope.h"
 #include "link/serial_link.h"
 #include "link/window_state.h"
@@ -12,40 +14,65 @@ namespace {
 constexpr int kPorts = 4;
 constexpr int kRates = 4;        // 9600 and its halves down to 1200
 constexpr int kProbeWait = 500;  // milliseconds
+constexpr const char* kWait = "Please wait for com port";
+
+// The search as the user sees it, for a scope.
+class ShownSearch {
+ public:
+  ShownSearch(platform::SearchView& view, form::StatusBar& statusBar) : view_(view), statusBar_(statusBar) {
+    statusBar_.setPanel(1, kWait);
+    view_.begin();
+  }
+  ShownSearch(const ShownSearch&) = delete;
+  ShownSearch& operator=(const ShownSearch&) = delete;
+  ~ShownSearch() {
+    if (statusBar_.panel(1) == kWait) {
+      statusBar_.setPanel(1, {});
+    }
+    view_.end();
+  }
+
+ private:
+  platform::SearchView& view_;
+  form::StatusBar& statusBar_;
+};
 
 }  // namespace
 
 void SerialLink::com_search() {
   const Operations::Scope operation(operations_);
-  const std::string formerPort = link_.comPort;
-  const std::string formerRate = link_.baudRate;
+  std::string formerPort = link_.comPort;
+  std::string formerRate = link_.baudRate;
+  bool ended = false;
+  // The former pair where the user ended the search, or memory did.
+  const AtEnd restore([&] {
+    if (!ended || link_.waitEnded) {
+      link_.comPort = std::move(formerPort);
+      link_.baudRate = std::move(formerRate);
+    }
+    link_.comWait = answerTimeOut(link_.baudRate);
+  });
   refusal_.reset();
   bool accepted = false;
+  clearAdvice(form_);
+  const ShownSearch shown(view_, form_.StatusBar1);
   {
     const FlagScope searching(link_.portSearch);
-    clearAdvice(form_);
-    form_.StatusBar1.setPanel(1, "Please wait for com port");
-    view_.begin();
     for (int pair = 0; pair < kPorts * kRates && !accepted && !link_.waitEnded; ++pair) {
       accepted = tryPair(pair / kRates + 1, pair % kRates + 1);
     }
-    form_.StatusBar1.setPanel(1, "");
   }
+  form_.StatusBar1.setPanel(1, "");
   link_.rxTimeout = !accepted;
   if (accepted) {
     form_.StatusBar1.setPanel(2, "COM" + link_.comPort + ":" + link_.baudRate);
   } else {
-    if (link_.waitEnded) {
-      link_.comPort = formerPort;
-      link_.baudRate = formerRate;
-    }
     Mcom.PortOpen(false);
     if (refusal_) {
       showAdvice(form_, *refusal_);
     }
   }
-  link_.comWait = answerTimeOut(link_.baudRate);
-  view_.end();
+  ended = true;
 }
 
 // True when an instrument of the family answers on the port at the attempt's rate.

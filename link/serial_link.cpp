@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <limits>
+#include <new>
 #include <utility>
 #include <vector>
 
+#include "link/at_end.h"
 #include "link/flag_scope.h"
 #include "link/window_state.h"
 #include "protocol/reply_text.h"
@@ -19,7 +21,7 @@ constexpr int kAnswerTimeOut = 800;  // milliseconds where no rate says otherwis
 }  // namespace
 
 SerialLink::SerialLink(form::MainForm& form, protocol::InstrumentState& state, LinkState& link,
-                       Operations& operations, SerialPorts ports)
+                       Operations& operations, const SerialPorts& ports)
     : Mcom(ports.port),
       form_(form),
       state_(state),
@@ -28,8 +30,8 @@ SerialLink::SerialLink(form::MainForm& form, protocol::InstrumentState& state, L
       pump_(ports.pump),
       messages_(ports.messages),
       view_(ports.view) {
-  Mcom.OnComm = [this] { Mcom_OnComm(); };
-  Mcom.onLost = [this] { lost(); };
+  Mcom.OnComm = [this] { form_.attend([this] { Mcom_OnComm(); }); };
+  Mcom.onLost = [this] { form_.attend([this] { lost(); }); };
   form_.tmrCom.onTimer = [this] { tmrCom_Timer(); };
 }
 
@@ -59,12 +61,14 @@ void SerialLink::trans_rs2(std::string& command) {
     return;
   }
   const Operations::Scope operation(operations_);
+  const AtEnd close([this] {
+    if (std::exchange(closing_, false)) {
+      Mcom.PortOpen(false);
+    }
+  });
   while (exchange(command)) {
     link_.cmdPending = false;
     command = std::exchange(link_.pendingCmd, {});
-  }
-  if (std::exchange(closing_, false)) {
-    Mcom.PortOpen(false);
   }
 }
 
@@ -93,22 +97,29 @@ bool SerialLink::exchange(const std::string& command) {
 // Sends and waits; afterwards one of rxDone, rxEnq and rxTimeout is set.
 void SerialLink::send(const std::string& command) {
   const FlagScope busy(link_.linkBusy);
+  std::vector<std::uint8_t> frame{protocol::kStx};
+  frame.reserve(command.size() + 2);
+  frame.insert(frame.end(), command.begin(), command.end());
+  frame.push_back(protocol::kEtx);
   // Bytes that nobody asked for may be being taken below us; the answer is collected here all the same.
-  const bool collectingBelow = std::exchange(collecting_, false);
+  const AtEnd rest([this, below = std::exchange(collecting_, false)] {
+    collecting_ = below;
+    form_.tmrCom.setEnabled(false);
+  });
+  memoryRanOut_ = false;
   form_.Txled[0].setFillColor(form::kRed);
   form_.Txled[0].refresh();
   form_.tmrCom.setInterval(link_.comWait > 0 ? link_.comWait : kAnswerTimeOut);
   form_.tmrCom.setEnabled(true);
   link_.rxTimeout = link_.rxDone = link_.rxEnq = false;
-  std::vector<std::uint8_t> frame{protocol::kStx};
-  frame.insert(frame.end(), command.begin(), command.end());
-  frame.push_back(protocol::kEtx);
   link_.rxTimeout = !Mcom.Output(frame);
   while (!link_.rxTimeout && !link_.rxDone && !link_.rxEnq) {
     pump_.wait();
   }
-  collecting_ = collectingBelow;
-  form_.tmrCom.setEnabled(false);
+  if (std::exchange(memoryRanOut_, false)) {
+    showLamps(form_, form::kWhite, form::kWhite);
+    throw std::bad_alloc();
+  }
 }
 
 void SerialLink::closeWhenDone() {
@@ -127,6 +138,20 @@ void SerialLink::Mcom_OnComm() {
     arrivedMeanwhile_ = true;
     return;
   }
+  try {
+    takeArrived();
+  } catch (const std::bad_alloc&) {
+    if (!link_.linkBusy) {
+      showLamps(form_, form::kWhite, form::kWhite);
+      throw;
+    }
+    // Whoever waits for this answer ends there.
+    memoryRanOut_ = true;
+    link_.rxDone = true;
+  }
+}
+
+void SerialLink::takeArrived() {
   const FlagScope once(collecting_);
   do {
     arrivedMeanwhile_ = false;
@@ -207,10 +232,10 @@ void SerialLink::lost() {
 }
 
 void SerialLink::fail() {
+  const FallBack fallBackInTheEnd(form_);
   Mcom.PortOpen(false);
   messages_.show({"Communication Error", "Device Unavailable or Communication Error",
                   platform::MessageIcon::kCritical, platform::MessageButtons::kOk});
-  fallBack(form_);
 }
 
 }  // namespace vireon::link

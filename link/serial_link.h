@@ -30,7 +30,7 @@ struct SerialPorts {
 class SerialLink {
  public:
   SerialLink(form::MainForm& form, protocol::InstrumentState& state, LinkState& link, Operations& operations,
-             SerialPorts ports);
+             const SerialPorts& ports);
   SerialLink(const SerialLink&) = delete;
   SerialLink& operator=(const SerialLink&) = delete;
   ~SerialLink() = default;
@@ -72,6 +72,7 @@ class SerialLink {
   bool collect();
   void takeFrame();
   bool tryPair(int port, int attempt);
+  void takeArrived();
   void lost();
   void fail();
 
@@ -86,6 +87,7 @@ class SerialLink {
   bool collecting_ = false;
   bool arrivedMeanwhile_ = false;
   bool closing_ = false;
+  bool memoryRanOut_ = false;  // while an answer was taken in
 };
 
 }  // namespace vireon::link

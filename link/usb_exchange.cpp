@@ -1,3 +1,5 @@
+#include <new>
+
 #include "link/advice.h"
 #include "link/connection_control.h"
 #include "link/window_state.h"
@@ -17,13 +19,18 @@ bool ConnectionControl::trans_usb(std::string_view command) {
     return false;
   }
   form_.StatusBar1.setPanel(2, "Connected");
-  showLamps(form_, form::kRed, form::kWhite);
-  apiUsb_.prepareRead();
-  if (!sendReports(command)) {
-    return false;
+  try {
+    showLamps(form_, form::kRed, form::kWhite);
+    apiUsb_.prepareRead();
+    if (!sendReports(command)) {
+      return false;
+    }
+    showLamps(form_, form::kWhite, form::kGreen);
+    return receiveReports();
+  } catch (const std::bad_alloc&) {
+    showLamps(form_, form::kWhite, form::kWhite);
+    throw;
   }
-  showLamps(form_, form::kWhite, form::kGreen);
-  return receiveReports();
 }
 
 // Searches the device; panel 1 tells while one is there that this account may not open.

@@ -17,4 +17,16 @@ void showLamps(form::MainForm& form, form::Color transmit, form::Color receive);
 // What every failure of a link leaves: no sampling, disconnected, both lamps idle.
 void fallBack(form::MainForm& form);
 
+// Falls back at the end of a scope, however that ends.
+class FallBack {
+ public:
+  explicit FallBack(form::MainForm& form) : form_(form) {}
+  FallBack(const FallBack&) = delete;
+  FallBack& operator=(const FallBack&) = delete;
+  ~FallBack() { fallBack(form_); }
+
+ private:
+  form::MainForm& form_;
+};
+
 }  // namespace vireon::link

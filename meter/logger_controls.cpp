@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "link/at_end.h"
 #include "meter/parameter_check.h"
 #include "protocol/reply_text.h"
 #include "protocol/vocabulary.h"
@@ -36,6 +37,10 @@ void LoggerControls::chkLog0_Click() {
     recall_.cancel();
     return;
   }
+  const link::AtEnd release([this] {
+    const protocol::UiBusyScope busy(state_);
+    form_.chkLog0.setValue(0);
+  });
   const int mode = form_.cmbDmod.listIndex();
   const bool recalls = mode == kDataLogger || mode == kTrendPlot;
   if (form_.chkLog0.value() == 1 && form_.chkMld.value() != 1 && recalls && link_.onUsbOrSaysSo()) {
@@ -45,20 +50,20 @@ void LoggerControls::chkLog0_Click() {
       link_.transUsbOnly("TRD??");
     }
   }
-  const protocol::UiBusyScope busy(state_);
-  form_.chkLog0.setValue(0);
 }
 
 void LoggerControls::chkLog1_Click() {
   if (state_.uiBusy) {
     return;
   }
+  // The user's press counts only as far as the instrument has taken it up.
+  const link::AtEnd follow([this] {
+    const protocol::UiBusyScope busy(state_);
+    form_.chkLog1.setValue(form_.chkLog1.caption() == "Start" ? 0 : 1);
+  });
   if (link_.onUsbOrSaysSo()) {
     record();
   }
-  // The user's press counts only as far as the instrument has taken it up.
-  const protocol::UiBusyScope busy(state_);
-  form_.chkLog1.setValue(form_.chkLog1.caption() == "Start" ? 0 : 1);
 }
 
 void LoggerControls::record() {

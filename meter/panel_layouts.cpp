@@ -14,9 +14,9 @@ struct SettingsLayout {
   bool trend;
 };
 
-constexpr SettingsLayout kDataLogger{
+constexpr SettingsLayout kDataLoggerLayout{
     {"Sample Method:", "Sample Time(sec):", "Start Address:", "Stop Address:"}, {"Time", "Peak"}, false};
-constexpr SettingsLayout kTrendPlot{
+constexpr SettingsLayout kTrendPlotLayout{
     {"Plot Mode:", "Offset:", "V/Division:", "H/Division:"}, {"Line", "Dot"}, true};
 
 // Captions of lblXrdg by the mode from RECORD MODE (1) on.
@@ -73,7 +73,7 @@ void setSubPan(form::MainForm& form, int mode) {
   form.picSwin[1].setVisible(false);
   form.picSet.setVisible(false);
   if (mode == 0 || mode == 4) {
-    showSettings(form, mode == 0 ? kDataLogger : kTrendPlot);
+    showSettings(form, mode == 0 ? kDataLoggerLayout : kTrendPlotLayout);
   } else if (mode >= 1 && mode <= 3) {
     showStatistics(form, mode);
   }

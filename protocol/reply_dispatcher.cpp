@@ -1,6 +1,7 @@
 #include "protocol/reply_dispatcher.h"
 
 #include <exception>
+#include <new>
 #include <string_view>
 
 #include "protocol/reply_text.h"
@@ -21,6 +22,9 @@ void ReplyDispatcher::dspRcv() {
   state_.uiBusy = true;
   try {
     route();
+  } catch (const std::bad_alloc&) {
+    state_.uiBusy = false;
+    throw;  // nothing that the instrument sent
   } catch (const std::exception&) {
     state_.uiBusy = false;
     return;

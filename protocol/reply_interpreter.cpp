@@ -1,6 +1,7 @@
 #include "protocol/reply_interpreter.h"
 
 #include <exception>
+#include <new>
 
 #include "protocol/reply_text.h"
 
@@ -44,6 +45,8 @@ void ReplyInterpreter::dspRxd() {
 void ReplyInterpreter::dspSinf(std::string_view item) {
   try {
     interpret(item);
+  } catch (const std::bad_alloc&) {
+    throw;  // nothing that the instrument sent
   } catch (const std::exception&) {
     return;  // the trap: the item ends here, the next one is interpreted as usual
   }

@@ -61,8 +61,9 @@ void WaveformDisplay::followSettings() {
     const auto first = state_.rxBuf.begin() + static_cast<std::ptrdiff_t>(field.index);
     if (!std::equal(first, first + 2, wfmHdr_[entry].begin(), wfmHdr_[entry].end(),
                     [](std::uint8_t byte, char character) { return static_cast<char>(byte) == character; })) {
-      wfmHdr_[entry].assign(first, first + 2);
-      interpreter_.dspSinf(std::string(field.key) + wfmHdr_[entry]);
+      const std::string value(first, first + 2);
+      interpreter_.dspSinf(std::string(field.key) + value);
+      wfmHdr_[entry] = value;  // only now: what the panel could not take comes with the next frame
     }
   }
   const std::uint8_t flags = state_.rxBuf[WaveformFrame::kFlags];

@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "simulator/command_collector.h"
+#include "simulator/model.h"
 #include "simulator/random.h"
 
 namespace vireon::simulator {
 namespace {
 
-constexpr std::uint8_t kStart = 2;
-constexpr std::uint8_t kEnd = 3;
+constexpr std::uint8_t kStart = CommandCollector::kStart;
+constexpr std::uint8_t kEnd = CommandCollector::kEnd;
 constexpr std::string_view kIdentityKey = "sim:";
-constexpr std::size_t kIdentityWidth = 6;
 constexpr std::string_view kDumpKey = "lgd:";
 constexpr std::string_view kEndMark = "--EOD---";
 constexpr std::string_view kMadeUpRecord = "00000 00:00:00   0.00V\x95 ";

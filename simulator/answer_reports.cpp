@@ -6,11 +6,10 @@
 #include <utility>
 
 #include "simulator/answer_bytes.h"
+#include "simulator/command_collector.h"
 
 namespace vireon::simulator {
 namespace {
-
-constexpr std::uint8_t kEnd = 3;
 
 using Reports = std::deque<AnswerReport>;
 
@@ -44,7 +43,7 @@ void spoil(Reports& reports, const Faults& faults) {
 
 std::deque<AnswerReport> AnswerCutter::cut(const std::string& text, const Faults& faults) {
   const auto bytes = answerBytes(text, faults);
-  const bool ends = !bytes.empty() && bytes.back() == kEnd;
+  const bool ends = !bytes.empty() && bytes.back() == CommandCollector::kEnd;
   Reports reports;
   for (std::size_t first = 0; first < bytes.size(); first += kReportPayload) {
     const std::size_t count = std::min(kReportPayload, bytes.size() - first);

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+#include "simulator/model.h"
 #include "simulator/usage_error.h"
 
 namespace vireon::simulator {
@@ -14,14 +15,13 @@ namespace {
 
 constexpr std::size_t kMost = 1'000'000;
 constexpr std::size_t kMostMilliseconds = 600'000;
-constexpr std::size_t kIdentityWidth = 6;
 
 // Text of a value, which is empty when none was given, into a fault. False when it does not fit.
 using Setter = bool (*)(Faults&, std::string_view);
 
 enum class Use { kBoth, kSerial, kUsb };
 
-struct Entry {
+struct NamedFault {
   std::string_view name{};
   std::string_view value{};  // as the help shows it
   Use use = Use::kBoth;
@@ -120,7 +120,7 @@ bool clear(Faults& faults, std::string_view text) {
   return text.empty();
 }
 
-constexpr std::array<Entry, 27> kEntries{{
+constexpr std::array<NamedFault, 27> kNamedFaults{{
     {"none", "", Use::kBoth, clear, "nothing goes wrong"},
     {"once", "", Use::kBoth, setFlag<&Faults::once>, "with others: off again after the next exchange"},
     {"on", "=TEXT", Use::kBoth, setOnlyOn, "with others: only for commands that begin with TEXT"},
@@ -162,9 +162,9 @@ std::string quoted(std::string_view text) {
 void addFault(Faults& faults, std::string_view item, Link link) {
   const std::size_t equals = std::min(item.find('='), item.size());
   const std::string_view name = item.substr(0, equals);
-  const auto* const entry =
-      std::find_if(kEntries.begin(), kEntries.end(), [&](const Entry& known) { return known.name == name; });
-  if (entry == kEntries.end()) throw UsageError("there is no fault " + quoted(name));
+  const auto* const entry = std::find_if(kNamedFaults.begin(), kNamedFaults.end(),
+                                         [&](const NamedFault& known) { return known.name == name; });
+  if (entry == kNamedFaults.end()) throw UsageError("there is no fault " + quoted(name));
   if (entry->use == Use::kSerial && link != Link::kSerial) {
     throw UsageError("the fault " + quoted(name) + " is for a serial port");
   }
@@ -192,7 +192,7 @@ void addFaults(Faults& faults, std::string_view list, Link link) {
 std::string faultHelp() {
   constexpr std::size_t kColumn = 19;
   std::string text;
-  for (const Entry& entry : kEntries) {
+  for (const NamedFault& entry : kNamedFaults) {
     std::string line = "  " + std::string(entry.name) + std::string(entry.value);
     line.resize(std::max(line.size() + 1, kColumn + 2), ' ');
     line += entry.meaning;

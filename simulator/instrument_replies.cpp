@@ -3,16 +3,6 @@
 #include "simulator/waveform_frame.h"
 
 namespace vireon::simulator {
-namespace {
-
-constexpr std::size_t kModelWidth = 6;
-
-bool measuresOhms(Function function) {
-  return function == Function::kOhm || function == Function::kContinuity;
-}
-
-}  // namespace
-
 // While the meter measures ohms its range stands in place of channel A's volts/div code.
 int Instrument::shownScale() const {
   const MeterSettings& meter = settings_.meter;
@@ -48,7 +38,7 @@ std::string Instrument::item(const Command& command) {
       return "sid:" + std::string(systemText(model_));
     case Verb::kSim: {
       std::string name(identity(model_));
-      name.resize(kModelWidth, ' ');
+      name.resize(kIdentityWidth, ' ');
       return "sim:" + name;
     }
     case Verb::kSts:

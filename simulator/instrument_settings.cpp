@@ -2,6 +2,7 @@
 
 #include "simulator/instrument.h"
 #include "simulator/scales.h"
+#include "simulator/settings.h"
 
 namespace vireon::simulator {
 namespace {
@@ -17,10 +18,6 @@ bool isStep(Word word) {
 
 int stepped(int code, Word word, int count) {
   return std::clamp(code + stepOf(word), 0, count - 1);
-}
-
-bool measuresOhms(Function function) {
-  return function == Function::kOhm || function == Function::kContinuity;
 }
 
 }  // namespace

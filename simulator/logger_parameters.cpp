@@ -11,7 +11,6 @@ namespace vireon::simulator {
 namespace {
 
 constexpr std::size_t kNumberWidth = 5;
-constexpr std::size_t kQuantityWidth = 8;
 constexpr int kLastSpan = 11;
 constexpr double kShortestSampleTime = 0.1;  // s
 

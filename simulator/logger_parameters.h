@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,9 @@
 namespace vireon::simulator {
 
 inline constexpr int kLoggerCapacity = 10000;
+
+// Characters of a voltage or the like among the parameters, its unit included.
+inline constexpr std::size_t kQuantityWidth = 8;
 
 // What the host sets up before a run.
 struct LoggerParameters {

@@ -6,13 +6,13 @@
 #include <cmath>
 #include <cstddef>
 
+#include "simulator/logger_parameters.h"
 #include "simulator/quantity.h"
 #include "simulator/wall_clock.h"
 
 namespace vireon::simulator {
 namespace {
 
-constexpr std::size_t kQuantityWidth = 8;
 constexpr std::size_t kPercentWidth = 7;
 constexpr std::size_t kCountWidth = 6;
 constexpr double kLargestPercent = 999.9;

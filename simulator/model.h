@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -17,6 +18,9 @@ std::uint16_t usbProductId(Model model);
 
 // Identity, 5 characters, for example "K7310".
 std::string_view identity(Model model);
+
+// Characters of an identity in the answer to the identity query, blanks after a shorter one.
+inline constexpr std::size_t kIdentityWidth = 6;
 
 // The model of an identity, or nothing.
 std::optional<Model> modelOf(std::string_view identity);

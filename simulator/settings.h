@@ -32,6 +32,10 @@ enum class Function { kDcv, kAcv, kOhm, kContinuity, kFrequency, kRpm, kPulseWid
 
 inline constexpr int kFunctionCount = 9;
 
+constexpr bool measuresOhms(Function function) {
+  return function == Function::kOhm || function == Function::kContinuity;
+}
+
 enum class LoggerMode { kOff, kDataLogger, kRecord, kRelative, kCompare, kTrend };
 
 struct MeterSettings {

@@ -14,37 +14,64 @@ build_target() {
   cmake --build --preset "$preset" --target "$target" -- --quiet
 }
 
-# run_tests PRESET [CMAKE ARGUMENT...]: builds the preset and runs its tests. Failures are counted, not fatal.
+# sum_of PATTERN LOG: the sum of the numbers that the extended expression's group catches.
+sum_of() {
+  sed -nE "s/$1/\\1/p" "$2" | awk '{ sum += $1 } END { print sum + 0 }'
+}
+
+# count_tests TITLE LOG STATUS: adds up what the test programs of a log ran; STATUS is 0 where they all ended well.
+# Failures are counted, not fatal.
+count_tests() {
+  local title=$1 log=$2 status=$3 total passed skipped failed
+  # "[==========] Running 32 tests from 9 test suites.", "[  PASSED  ] 31 tests.", "[  SKIPPED ] 1 test, ...";
+  # a program that dies has no summary: what had not passed by then failed.
+  total=$(sum_of '.*\[=+\] Running ([0-9]+) tests? .*' "$log")
+  passed=$(grep -cE '\[       OK \] .* \([0-9]+ ms\)' "$log" || true)
+  skipped=$(sum_of '.*\[  SKIPPED \] ([0-9]+) tests?, .*' "$log")
+  failed=$((total - passed - skipped))
+  if [ "$failed" -le 0 ] && { [ "$status" -ne 0 ] || [ "$passed" -eq 0 ]; }; then failed=1; fi
+  [ "$skipped" -eq 0 ] || echo "== $title: $skipped skipped"
+  echo "== $title: $passed passed, $failed failed"
+  TESTS_PASSED=$((TESTS_PASSED + passed))
+  TESTS_FAILED=$((TESTS_FAILED + failed))
+}
+
+# What a run of all tests of the dev preset injects at least; each port call, allocation and file operation of the
+# users' stories is made to fail in turn.
+FEWEST_FAULTS=20000
+
+# count_faults PRESET FILE: says how many faults the tests injected that left their numbers in FILE. One failed test
+# more where a run of everything injected too few.
+count_faults() {
+  local preset=$1 injected
+  injected=$(awk '{sum += $1} END {print sum + 0}' "$2")
+  echo "== $preset: $injected faults injected"
+  if [ "$preset" = dev ] && [ "$injected" -lt "$FEWEST_FAULTS" ]; then
+    echo "== $preset: that is less than $FEWEST_FAULTS"
+    TESTS_FAILED=$((TESTS_FAILED + 1))
+  fi
+}
+
+# run_tests PRESET [CMAKE ARGUMENT...]: builds the preset and runs its tests.
 run_tests() {
-  local preset=$1 log summary failed total skipped
+  local preset=$1 log faults status=0
   shift
   build_target "$preset" all "$@" || return 1
   log=$(mktemp)
+  faults=$(mktemp)
   echo "== $preset: testing"
-  XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$(mktemp -d)}" QT_QPA_PLATFORM=offscreen \
-    ctest --preset "$preset" --parallel "$(nproc)" >"$log" 2>&1 || grep -vE ' Passed |^ *Start ' "$log" || true
-  # "98% tests passed, 2 tests failed out of 100"
-  summary=$(grep -E 'tests passed, [0-9]+ tests failed out of [0-9]+' "$log" || true)
-  if [ -z "$summary" ]; then
-    cat "$log"
-    echo "$preset ran no test"
-    return 1
-  fi
-  failed=$(sed -E 's/.*, ([0-9]+) tests failed.*/\1/' <<<"$summary")
-  total=$(sed -E 's/.*out of ([0-9]+).*/\1/' <<<"$summary")
-  # A test that found nothing to try it on is not among those that passed.
-  skipped=$(grep -cE '\(Skipped\)$' "$log" || true)
-  [ "$skipped" -eq 0 ] || echo "== $preset: $skipped skipped"
-  echo "== $preset: $((total - failed - skipped)) passed, $failed failed"
-  TESTS_PASSED=$((TESTS_PASSED + total - failed - skipped))
-  TESTS_FAILED=$((TESTS_FAILED + failed))
-  rm -f "$log"
+  VIREON_FAULT_COUNT="$faults" XDG_RUNTIME_DIR="${XDG_RUNTIME_DIR:-$(mktemp -d)}" QT_QPA_PLATFORM=offscreen \
+    ctest --preset "$preset" --parallel "$(nproc)" >"$log" 2>&1 || status=$?
+  [ "$status" -eq 0 ] || grep -vE ' Passed |^ *Start |\[ +(RUN|OK) ' "$log" || true
+  count_tests "$preset" "build/$preset/Testing/Temporary/LastTest.log" "$status"
+  count_faults "$preset" "$faults"
+  rm -f "$log" "$faults"
 }
 
 # run_usb_tests PRESET CYCLES: builds the preset's USB tests and runs them in a machine that can play USB devices;
 # CYCLES is how often they plug one. Where the machine cannot be had they are skipped, and said to be.
 run_usb_tests() {
-  local preset=$1 cycles=$2 log total passed skipped failed status=0
+  local preset=$1 cycles=$2 log status=0
   build_target "$preset" vireon_usb_tests || return 1
   echo "== $preset: testing over USB"
   log=$(mktemp)
@@ -58,19 +85,7 @@ run_usb_tests() {
   fi
   grep -E '^measured: ' "$log" || true
   [ "$status" -eq 0 ] || grep -vE '^\[ +(RUN|OK) |^\[-+\]|^measured: ' "$log" || true
-  # "[==========] Running 32 tests from 9 test suites.", "[  PASSED  ] 31 tests.", "[  SKIPPED ] 1 test, ..."
-  total=$(sed -nE 's/^\[=+\] Running ([0-9]+) tests? .*/\1/p' "$log")
-  passed=$(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\.$/\1/p' "$log")
-  skipped=$(sed -nE 's/^\[  SKIPPED \] ([0-9]+) tests?, .*/\1/p' "$log")
-  # Where the machine died there is no summary: what had not passed by then failed.
-  [ -n "$passed" ] || passed=$(grep -cE '^\[       OK \] ' "$log" || true)
-  failed=$((${total:-0} - passed - ${skipped:-0}))
-  if [ "$failed" -le 0 ] && [ "$status" -ne 0 ]; then failed=1; fi
-  if [ "$failed" -eq 0 ] && [ "$passed" -eq 0 ]; then failed=1; fi
-  [ "${skipped:-0}" -eq 0 ] || echo "== $preset over USB: $skipped skipped"
-  echo "== $preset over USB: $passed passed, $failed failed"
-  TESTS_PASSED=$((TESTS_PASSED + passed))
-  TESTS_FAILED=$((TESTS_FAILED + failed))
+  count_tests "$preset over USB" "$log" "$status"
   rm -f "$log"
 }
 

@@ -1,13 +1,13 @@
 #include "adapters/posix/posix_file_store.h"
 
+#include <dirent.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <filesystem>
 #include <memory>
 #include <optional>
-#include <system_error>
 #include <utility>
 
 #include "adapters/posix/open_file.h"
@@ -151,6 +151,19 @@ int replaceFile(const PosixCalls& calls, std::string path, std::string_view byte
   return 0;
 }
 
+struct CloseFolder {
+  void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+// Links are followed.
+bool isOrdinaryFile(DIR& folder, const dirent& entry) {
+  struct stat status {};
+  const bool unsure = entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN;
+  return entry.d_type == DT_REG ||
+         (unsure && ::fstatat(::dirfd(&folder), &entry.d_name[0], &status, 0) == 0 &&
+          S_ISREG(status.st_mode));
+}
+
 }  // namespace
 
 PosixFileStore::PosixFileStore(PosixCalls calls) : calls_(std::move(calls)) {}
@@ -160,13 +173,13 @@ bool PosixFileStore::exists(const std::string& path) {
   return isOneName(path) && calls_.stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+// Not the standard library's: where memory runs out, that ends the program.
 std::vector<std::string> PosixFileStore::list(const std::string& folder) {
   std::vector<std::string> names;
-  std::error_code error;
-  std::filesystem::directory_iterator entry(isOneName(folder) ? folder : "", error);
-  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-    std::error_code unknown;
-    if (entry->is_regular_file(unknown)) names.push_back(entry->path().filename().string());
+  const std::unique_ptr<DIR, CloseFolder> opened(isOneName(folder) ? ::opendir(folder.c_str()) : nullptr);
+  const dirent* entry = opened ? ::readdir(opened.get()) : nullptr;
+  for (; entry != nullptr; entry = ::readdir(opened.get())) {
+    if (isOrdinaryFile(*opened, *entry)) names.emplace_back(&entry->d_name[0]);
   }
   std::sort(names.begin(), names.end());
   return names;

@@ -16,6 +16,7 @@
 #include "adapters/qt/colors.h"
 #include "adapters/qt/lamp.h"
 #include "adapters/qt/text.h"
+#include "platform/twips.h"
 #include "ui_main_window.h"
 
 namespace vireon::adapters {
@@ -24,8 +25,7 @@ namespace {
 constexpr int kPanelWidth = 720;  // of the form file, pixels at 96 dpi
 constexpr int kPanelHeight = 352;
 constexpr double kFontHeight = 11.0;  // pixels at 96 dpi
-constexpr int kTwipsPerInch = 1440;
-constexpr int kRetry = 2;  // milliseconds until a close request that has to wait is tried again
+constexpr int kRetry = 2;             // milliseconds until a close request that has to wait is tried again
 
 struct Lettering {
   const char* name;
@@ -112,7 +112,8 @@ void MainWindow::remember() {
 void MainWindow::Form_Resize() {
   const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
   const double dpi = screen()->logicalDotsPerInchX();
-  const QSize outer(qRound(kOuterWidth * dpi / kTwipsPerInch), qRound(kOuterHeight * dpi / kTwipsPerInch));
+  const QSize outer(qRound(kOuterWidth * dpi / platform::kTwipsPerInch),
+                    qRound(kOuterHeight * dpi / platform::kTwipsPerInch));
   const QSize inner = outer.shrunkBy(frame);
   // A window manager that insists on a size of its own is asked once.
   const bool insists = inner == asked_ && size() == got_;

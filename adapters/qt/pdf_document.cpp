@@ -4,12 +4,12 @@
 #include <algorithm>
 
 #include "adapters/qt/bitmap_image.h"
+#include "platform/twips.h"
 
 namespace vireon::adapters {
 namespace {
 
 constexpr double kTwipsPerPoint = 20;
-constexpr double kTwipsPerInch = 1440;
 constexpr int kLetterHeight = 200;  // twips: 10 points
 
 QFont lettering() {
@@ -36,7 +36,7 @@ PdfDocument::PdfDocument(const QPageLayout& page) : font_(lettering()), metrics_
   writer_.setPageLayout(page);
   writer_.setCreator(QStringLiteral("Vireon"));
   good_ = painter_.begin(&writer_);
-  const double scale = writer_.resolution() / kTwipsPerInch;
+  const double scale = writer_.resolution() / platform::kTwipsPerInch;
   painter_.scale(scale, scale);
   painter_.setRenderHint(QPainter::LosslessImageRendering);
   painter_.setFont(font_);

@@ -11,18 +11,17 @@
 #include <QWindow>
 
 #include "adapters/qt/bitmap_image.h"
+#include "platform/twips.h"
 
 namespace vireon::adapters {
 namespace {
-
-constexpr double kTwipsPerInch = 1440;
 
 double dotsPerInch(const QWidget& widget) {
   return widget.screen()->logicalDotsPerInchX();
 }
 
 platform::WindowSize twips(const QWidget& widget, const QSize& pixels) {
-  const double scale = kTwipsPerInch / dotsPerInch(widget);
+  const double scale = platform::kTwipsPerInch / dotsPerInch(widget);
   return {qRound(pixels.width() * scale), qRound(pixels.height() * scale)};
 }
 
@@ -112,7 +111,7 @@ void QtViewerWindow::resize(platform::WindowSize outer) {
   if (isMaximized() || isMinimized() || isFullScreen()) {
     return;
   }
-  const double scale = dotsPerInch(*this) / kTwipsPerInch;
+  const double scale = dotsPerInch(*this) / platform::kTwipsPerInch;
   const QSize whole(qRound(outer.width * scale), qRound(outer.height * scale));
   const QSize needed = picture_.size() + QSize(0, menuBar()->sizeHint().height());
   const QSize inner =

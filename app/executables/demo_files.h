@@ -26,7 +26,8 @@ class DemoFiles final : public platform::FileStore {
 
  private:
   platform::FileStore& storeOf(const std::string& path) {
-    return path == settings_ ? static_cast<platform::FileStore&>(memory_) : disk_;
+    if (path == settings_) return memory_;
+    return disk_;
   }
 
   std::string settings_;

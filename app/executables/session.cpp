@@ -10,9 +10,11 @@ Session::Session(const SessionPorts& ports, const std::string& folder, adapters:
       window_(std::make_unique<adapters::MainWindow>(program_.form, gate)) {}
 
 DesktopPorts Session::desktopPorts(const SessionPorts& ports) {
+  platform::Printer* printer = ports.printer;
+  if (printer == nullptr) printer = &desktop_.printer;
   return {desktop_.steadyClock,
           desktop_.screen,
-          ports.printer == nullptr ? desktop_.printer : *ports.printer,
+          *printer,
           {desktop_.viewers, desktop_.viewerDialogs, ports.files, desktop_.viewerMessages, desktop_.clipboard,
            desktop_.png}};
 }

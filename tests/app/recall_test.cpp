@@ -1,6 +1,7 @@
 #include "meter/recall.h"
 
 #include "tests/app/program_bench.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::app {
 namespace {
@@ -108,6 +109,7 @@ TEST(Download, UnpluggedAtEveryReportOfEachExchangeIsOneMessageAndKeepsWhatHasCo
         bench.atTurn(exchange - 1, unplug);
       }
       bench.press();
+      tests::countFault();
       ASSERT_FALSE(bench.endpoint.plugged());
       ASSERT_EQ(bench.messages.count(), 1U);
       EXPECT_EQ(bench.messages.lastTitle(), "Connection Error");

@@ -103,5 +103,23 @@ TEST_F(SettingsFileTest, AUtf16FileIsNeverWritten) {
   EXPECT_EQ(store_.replaces, 0U);
 }
 
+TEST_F(SettingsFileTest, SeveralKeysAreWrittenTogetherOrNotAtAll) {
+  EXPECT_TRUE(settings_.writeAll({{"ComPort", "ComPort", "3"}, {"BaudRate", "BaudRate", "1200"}}, file_));
+  const std::string written = "[ComPort]\r\nComPort=3\r\n[BaudRate]\r\nBaudRate=1200\r\n";
+  EXPECT_EQ(store_.files[file_], written);
+  EXPECT_EQ(store_.replaces, 1U);
+  store_.replaceErrors[2] = platform::FileReplace::kNoSpace;
+  EXPECT_FALSE(settings_.writeAll({{"ComPort", "ComPort", "4"}, {"BaudRate", "BaudRate", "9600"}}, file_));
+  EXPECT_FALSE(settings_.writeAll({{"ComPort", "ComPort", "4"}, {"Baud]", "Rate", "9600"}}, file_));
+  EXPECT_EQ(store_.files[file_], written);
+}
+
+TEST_F(SettingsFileTest, AFileThatIsThereButWasNotFoundIsNotReplaced) {
+  store_.files[file_] = "[Tabs]\r\nTabs=2\r\n";
+  store_.readErrors[1] = platform::FileReadError::kNotFound;
+  EXPECT_FALSE(settings_.writeIni("ComPort", "ComPort", "3", file_));
+  EXPECT_EQ(store_.files[file_], "[Tabs]\r\nTabs=2\r\n");
+}
+
 }  // namespace
 }  // namespace vireon::tests

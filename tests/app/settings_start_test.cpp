@@ -209,9 +209,7 @@ TEST_F(SettingsStart, NoControlThatTheStartMovesSendsAnything) {
 
 TEST_F(SettingsStart, AnUnwritableFolderKeepsTheValuesOfTheFirstRunAndSaysNothing) {
   plugSerial(2, 2400);
-  for (std::size_t write = 1; write <= 6; ++write) {
-    files.replaceErrors[write] = platform::FileReplace::kNoPermission;
-  }
+  files.replaceErrors[1] = platform::FileReplace::kNoPermission;
   EXPECT_TRUE(program.Form_Load());
   EXPECT_EQ(messages.count(), 0U);
   EXPECT_FALSE(fileThere());
@@ -223,14 +221,14 @@ TEST_F(SettingsStart, AnUnwritableFolderKeepsTheValuesOfTheFirstRunAndSaysNothin
   EXPECT_EQ(program.link.comWait, 2400);
 }
 
-TEST_F(SettingsStart, AFullDiskKeepsEachValueThatCouldNotBeWritten) {
-  for (std::size_t failing = 1; failing <= 6; ++failing) {
-    SCOPED_TRACE(failing);
+TEST_F(SettingsStart, AFileThatCannotBeWrittenKeepsTheValuesForTheRun) {
+  for (const auto error : {platform::FileReplace::kNoSpace, platform::FileReplace::kNoPermission,
+                           platform::FileReplace::kNoFolder, platform::FileReplace::kFailed}) {
     Program other(ports, "folder");
     pump.timeOut = &other.form.tmrCom;
     files.files.clear();
     files.replaces = 0;
-    files.replaceErrors = {{failing, platform::FileReplace::kNoSpace}};
+    files.replaceErrors = {{1, error}};
     plugSerial(2, 2400);
     EXPECT_TRUE(other.Form_Load());
     EXPECT_EQ(other.form.caption(), "Vireon K7310");
@@ -238,8 +236,19 @@ TEST_F(SettingsStart, AFullDiskKeepsEachValueThatCouldNotBeWritten) {
     EXPECT_EQ(other.link.usbProductId, -8188);
     EXPECT_EQ(other.form.SSTab1.tabs(), 2);
     EXPECT_EQ(other.form.StatusBar1.panel(2), "COM2:2400");
+    EXPECT_FALSE(fileThere());
   }
   EXPECT_EQ(messages.count(), 0U);
+}
+
+TEST_F(SettingsStart, AReadThatFailsOnceLeavesNoMixtureOfOldAndEmptyValues) {
+  writeSerialSettings("2", "4800");
+  files.readErrors[1] = platform::FileReadError::kFailed;
+  ASSERT_TRUE(program.Form_Load());
+  EXPECT_EQ(files.reads, 1U);
+  EXPECT_EQ(panel(2), "COM:");
+  EXPECT_TRUE(program.requestClose());
+  EXPECT_EQ(messages.count(), 0U) << "nothing is offered that would replace the settings";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/app/program_bench.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::app {
 namespace {
@@ -46,6 +47,7 @@ TEST_F(Unplug, AtEveryReportOfALiveFrameLeavesADisconnectedWindowOneMessageAndAC
     bench.goLive();
     bench.tick();
     bench.endpoint.setFaults({.unplugAtReport = report});
+    tests::countFault();
     bench.tick();
     EXPECT_FALSE(bench.endpoint.plugged());
     expectOneMessage(bench);
@@ -63,6 +65,7 @@ TEST_F(Unplug, AtEveryReportOfTheConnectingLeavesADisconnectedWindowAndOneMessag
     ProgramBench bench;
     bench.program.Form_Load();
     bench.endpoint.setFaults({.unplugAtReport = report});
+    tests::countFault();
     bench.form().cmdBttn[0].click();
     expectOneMessage(bench);
     bench.expectDisconnected();
@@ -76,6 +79,7 @@ TEST_F(Unplug, AtEveryReportOfTheDisconnectingLeavesADisconnectedWindowAndOneMes
     ProgramBench bench;
     bench.goLive();
     bench.endpoint.setFaults({.unplugAtReport = report});
+    tests::countFault();
     bench.form().cmdBttn[0].click();
     expectOneMessage(bench);
     bench.expectDisconnected();
@@ -90,6 +94,7 @@ TEST_F(Unplug, AtEveryReportOfAButtonLeavesADisconnectedWindowAndOneMessage) {
     bench.goLive();
     bench.tick();
     bench.endpoint.setFaults({.unplugAtReport = report});
+    tests::countFault();
     bench.form().cmdVu[0].click();
     expectOneMessage(bench);
     bench.expectDisconnected();
@@ -107,6 +112,7 @@ TEST_F(Unplug, AtEveryReportOfATabSwitchLeavesADisconnectedWindowAndOneMessage) 
         bench.form().SSTab1.setTab(1);
       }
       bench.endpoint.setFaults({.unplugAtReport = report});
+      tests::countFault();
       bench.form().SSTab1.setTab(tab);
       expectOneMessage(bench);
       bench.expectDisconnected();
@@ -119,6 +125,7 @@ TEST_F(Unplug, BetweenTwoTicksIsOneMessage) {
   bench.goLive();
   bench.tick();
   bench.endpoint.unplug();
+  tests::countFault();
   for (int turn = 0; turn < 5; ++turn) {
     bench.tick();
   }
@@ -131,6 +138,7 @@ TEST_F(Unplug, AndPluggedInAgainBetweenTwoTicksGoesUnnoticed) {
   ProgramBench bench;
   bench.goLive();
   bench.endpoint.unplug();
+  tests::countFault();
   bench.endpoint.plug();
   bench.expectCleanTick();
 }
@@ -140,6 +148,7 @@ TEST_F(Unplug, AtEveryReportOfTheFirstStartIsOneMessageAndTheProgramEnds) {
     SCOPED_TRACE(report);
     ProgramBench bench;
     bench.endpoint.setFaults({.unplugAtReport = report});
+    tests::countFault();
     EXPECT_FALSE(bench.program.Form_Load());
     ASSERT_EQ(bench.messages.count(), 1U);
     EXPECT_EQ(bench.messages.lastTitle(), "Device Not Found");
@@ -155,6 +164,7 @@ TEST_F(Unplug, TheSettingsOfTheInstrumentSurviveOnBothSides) {
   bench.tick();
   bench.form().cmdVu[0].click();
   bench.endpoint.unplug();
+  tests::countFault();
   bench.tick();
   expectCleanReconnect(bench);
   EXPECT_EQ(bench.form().lblVd[0].caption(), "2V");

@@ -208,6 +208,12 @@ TEST(BmpFile, IsReadBackWithTheSamePixels) {
   }
 }
 
+TEST(BmpFile, WithMorePixelsThanAskedForItIsTooLarge) {
+  const std::string file = bmpFile(pattern(3, 2));
+  EXPECT_EQ(readBmp(file, 6).bitmap, pattern(3, 2));
+  EXPECT_EQ(readBmp(file, 5).error, BmpError::kTooLarge);
+}
+
 TEST(BmpFile, IsAStandardOneOf24BitsFromTheBottom) {
   const std::string file = bmpFile({1, 2, {0x010203, 0x040506}});
   EXPECT_EQ(file, raw({'B',  'M',  62, 0, 0,    0,    0, 0, 0, 0, 54, 0, 0, 0,  // size 62, pixels at 54

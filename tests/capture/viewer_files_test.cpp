@@ -17,12 +17,12 @@ using platform::FileReadError;
 using platform::FileReplace;
 using platform::ViewerCommand;
 
-const platform::Bitmap kSmall{2, 3, {1, 2, 3, 4, 5, 6}};
-const platform::Bitmap kOther{3, 1, {0xABCDEF, 0, 0xFFFFFF}};
+const platform::Bitmap kSmallPicture{2, 3, {1, 2, 3, 4, 5, 6}};
+const platform::Bitmap kOtherPicture{3, 1, {0xABCDEF, 0, 0xFFFFFF}};
 
 class ViewerFiles : public testing::Test {
  protected:
-  ViewerFiles() { viewer.show(capture::mkBmpPic(kSmall)); }
+  ViewerFiles() { viewer.show(capture::mkBmpPic(kSmallPicture)); }
 
   void choose(ViewerCommand command, const std::string& name) {
     dialogs.answer = name;
@@ -33,7 +33,7 @@ class ViewerFiles : public testing::Test {
     ASSERT_EQ(messages.count(), 1U);
     EXPECT_EQ(messages.lastTitle(), "Capture Window");
     EXPECT_EQ(messages.lastText(), "The picture was not opened:\na.bmp\n\n" + why);
-    EXPECT_EQ(windows.picture, kSmall);
+    EXPECT_EQ(windows.picture, kSmallPicture);
     EXPECT_EQ(windows.sizes.size(), 1U);
   }
 
@@ -70,12 +70,12 @@ TEST_F(ViewerFiles, ACancelledDialogDoesNothing) {
   EXPECT_EQ(files.replaces, 0U);
   EXPECT_EQ(files.reads, 0U);
   EXPECT_EQ(messages.count(), 0U);
-  EXPECT_EQ(windows.picture, kSmall);
+  EXPECT_EQ(windows.picture, kSmallPicture);
 }
 
 TEST_F(ViewerFiles, SavesABitmapFile) {
   choose(ViewerCommand::kSave, "a.BMP");
-  EXPECT_EQ(capture::readBmp(files.files.at("a.BMP")).bitmap, kSmall);
+  EXPECT_EQ(capture::readBmp(files.files.at("a.BMP")).bitmap, kSmallPicture);
   EXPECT_EQ(messages.count(), 0U);
 }
 
@@ -126,9 +126,9 @@ TEST_F(ViewerFiles, APngThatCannotBeMadeIsAFailedSave) {
 }
 
 TEST_F(ViewerFiles, OpensABitmapFileAndTakesItsSize) {
-  files.files["a.bmp"] = capture::bmpFile(kOther);
+  files.files["a.bmp"] = capture::bmpFile(kOtherPicture);
   choose(ViewerCommand::kOpen, "a.bmp");
-  EXPECT_EQ(windows.picture, kOther);
+  EXPECT_EQ(windows.picture, kOtherPicture);
   EXPECT_EQ(viewer.Picture1().palette, 0U);
   ASSERT_EQ(windows.sizes.size(), 2U);
   EXPECT_EQ(windows.sizes[1], (platform::WindowSize{3 * 15 + 100, 15 + 800}));
@@ -156,13 +156,13 @@ TEST_F(ViewerFiles, AFileThatIsNoBitmapSaysSo) {
 }
 
 TEST_F(ViewerFiles, ADamagedBitmapSaysSo) {
-  files.files["a.bmp"] = capture::bmpFile(kOther).substr(0, 60);
+  files.files["a.bmp"] = capture::bmpFile(kOtherPicture).substr(0, 60);
   choose(ViewerCommand::kOpen, "a.bmp");
   expectRefused("The file is damaged.");
 }
 
 TEST_F(ViewerFiles, AnUnknownKindOfBitmapSaysSo) {
-  std::string file = capture::bmpFile(kOther);
+  std::string file = capture::bmpFile(kOtherPicture);
   file[30] = 4;  // a JPEG inside
   files.files["a.bmp"] = file;
   choose(ViewerCommand::kOpen, "a.bmp");
@@ -170,7 +170,7 @@ TEST_F(ViewerFiles, AnUnknownKindOfBitmapSaysSo) {
 }
 
 TEST_F(ViewerFiles, AHugePictureSaysSo) {
-  std::string file = capture::bmpFile(kOther);
+  std::string file = capture::bmpFile(kOtherPicture);
   file[20] = file[24] = 127;  // the third byte of width and height
   files.files["a.bmp"] = file;
   choose(ViewerCommand::kOpen, "a.bmp");

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/compound_file.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::tests {
 
@@ -23,13 +24,19 @@ class FakeCompoundFiles final : public platform::CompoundFiles {
 
   platform::PackResult pack(std::string_view workbook) override {
     ++packs;
-    if (packError) return {{}, *packError};
+    if (packError) {
+      countFault();
+      return {{}, *packError};
+    }
     return {std::string(kMark).append(workbook), platform::PackError::kNone};
   }
 
   platform::UnpackResult unpack(std::string_view file, std::size_t limit) override {
     ++unpacks;
-    if (unpackError) return {{}, *unpackError};
+    if (unpackError) {
+      countFault();
+      return {{}, *unpackError};
+    }
     if (!file.starts_with(kMark)) return {{}, platform::UnpackError::kNotCompound};
     file.remove_prefix(kMark.size());
     if (file.size() > limit) return {{}, platform::UnpackError::kTooLarge};

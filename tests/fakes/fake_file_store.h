@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/file_store.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::tests {
 
@@ -43,8 +44,14 @@ class FakeFileStore final : public platform::FileStore {
   }
 
   platform::FileReadResult read(const std::string& path, std::size_t limit) override {
-    if (++reads == vanishAtRead) files.erase(path);
-    if (const auto error = readErrors.find(reads); error != readErrors.end()) return {{}, error->second};
+    if (++reads == vanishAtRead) {
+      countFault();
+      files.erase(path);
+    }
+    if (const auto error = readErrors.find(reads); error != readErrors.end()) {
+      countFault();
+      return {{}, error->second};
+    }
     const auto file = files.find(path);
     if (file == files.end()) return {{}, platform::FileReadError::kNotFound};
     if (file->second.size() > limit) return {{}, platform::FileReadError::kTooLarge};
@@ -52,7 +59,10 @@ class FakeFileStore final : public platform::FileStore {
   }
 
   platform::FileReplace replace(const std::string& path, std::string_view bytes) override {
-    if (const auto error = replaceErrors.find(++replaces); error != replaceErrors.end()) return error->second;
+    if (const auto error = replaceErrors.find(++replaces); error != replaceErrors.end()) {
+      countFault();
+      return error->second;
+    }
     files[path] = bytes;
     return platform::FileReplace::kDone;
   }

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "platform/raw_hid.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::tests {
 
@@ -78,6 +79,7 @@ class FakeRawHid : public platform::RawHid {
 
   // A handle that was open when the device went never works again.
   void unplug() {
+    countFault();
     plugged_ = false;
     ++generation_;
     collecting_ = false;
@@ -102,6 +104,7 @@ class FakeRawHid : public platform::RawHid {
 
   platform::HidOpenResult open(const platform::HidNode& node) override {
     if (const auto fault = openErrors.find(++opens); fault != openErrors.end()) {
+      countFault();
       return {nullptr, fault->second};
     }
     if (!plugged_ || std::none_of(nodes.begin(), nodes.end(),
@@ -134,6 +137,7 @@ class FakeRawHid : public platform::RawHid {
       }
       hid_.written.emplace_back(report.begin(), report.end());
       if (const auto fault = hid_.writeFaults.find(hid_.written.size()); fault != hid_.writeFaults.end()) {
+        countFault();
         return fault->second;
       }
       hid_.take(report.subspan(1));
@@ -150,6 +154,7 @@ class FakeRawHid : public platform::RawHid {
         return platform::HidTransfer::kFailed;
       }
       if (const auto fault = hid_.readFaults.find(hid_.reads); fault != hid_.readFaults.end()) {
+        countFault();
         return fault->second;
       }
       if (queue.empty()) {

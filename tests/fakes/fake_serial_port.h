@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/serial_port.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::tests {
 
@@ -38,6 +39,7 @@ class FakeSerialPort final : public platform::SerialPort {
     close();
     attempts.push_back("COM" + std::to_string(com) + ":" + std::to_string(settings.baudRate));
     if (const auto refusal = refusals.find(com); refusal != refusals.end()) {
+      countFault();
       return refusal->second;
     }
     opened.emplace_back(com, settings);
@@ -57,6 +59,9 @@ class FakeSerialPort final : public platform::SerialPort {
   bool isOpen() const override { return open_; }
 
   bool write(std::span<const std::uint8_t> bytes) override {
+    if (refusesWrites) {
+      countFault();
+    }
     if (!open_ || refusesWrites) {
       return false;
     }

@@ -13,8 +13,6 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-const std::string kOld = "the old content";
-
 // Every kind of saved file, with each system call failing in turn.
 class SaveFault : public testing::TestWithParam<const char*> {
  protected:
@@ -28,12 +26,13 @@ class SaveFault : public testing::TestWithParam<const char*> {
   void prepare() {
     std::filesystem::remove(path());
     if (hasOld()) {
-      writeFile(path(), kOld);
+      writeFile(path(), kOldContent);
     }
   }
 
   bool isOldWhole() const {
-    return hasOld() ? contentOf(path()) == kOld && folder_.names() == Names{name()} : folder_.names().empty();
+    return hasOld() ? contentOf(path()) == kOldContent && folder_.names() == Names{name()}
+                    : folder_.names().empty();
   }
   bool isNewWhole() const { return contentOf(path()) == whole_ && folder_.names() == Names{name()}; }
 

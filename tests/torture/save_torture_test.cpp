@@ -5,12 +5,11 @@
 #include <filesystem>
 
 #include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/fault_count.h"
 #include "tests/torture/saving_program.h"
 
 namespace vireon::tests {
 namespace {
-
-const std::string kOld = "the old content";
 
 // The system calls that a save may make, and those that its process makes on the way.
 constexpr const char* kCalls[] = {"openat", "newfstatat", "fstat",    "readlink", "readlinkat",
@@ -38,7 +37,7 @@ class SaveTorture : public testing::TestWithParam<const char*> {
   void prepare() {
     std::filesystem::remove(path());
     if (hasOld()) {
-      writeFile(path(), kOld);
+      writeFile(path(), kOldContent);
     }
   }
 
@@ -57,7 +56,9 @@ class SaveTorture : public testing::TestWithParam<const char*> {
     return contentOf(log_.file("log")).find("killed by SIGKILL") != std::string::npos;
   }
 
-  bool isOldWhole() const { return hasOld() ? contentOf(path()) == kOld : !std::filesystem::exists(path()); }
+  bool isOldWhole() const {
+    return hasOld() ? contentOf(path()) == kOldContent : !std::filesystem::exists(path());
+  }
   bool isNewWhole() const { return contentOf(path()) == whole_; }
 
   TemporaryFolder folder_;
@@ -75,6 +76,7 @@ TEST_P(SaveTorture, EachCallMayFail) {
       if (!wasReached()) {
         break;
       }
+      countFault();
       // A process that could not even start, or not end as it wanted, tells nothing.
       EXPECT_TRUE(code == 0 ? isNewWhole() : isOldWhole() || (code != 3 && isNewWhole()))
           << fault << ", exit code " << code;
@@ -96,6 +98,7 @@ TEST_P(SaveTorture, TheProcessMayBeKilledAtEachCall) {
       if (!wasKilled()) {
         break;
       }
+      countFault();
       EXPECT_TRUE(isOldWhole() || isNewWhole()) << stop;
       for (const std::string& left : folder_.names()) {
         EXPECT_TRUE(left == name() || left.starts_with(".vireon-")) << stop << ": " << left;

@@ -22,6 +22,9 @@ namespace vireon::tests {
 
 inline constexpr std::array kSavedKinds = {".wfm", ".trd", ".txt", ".xls"};
 
+// What the file held before the program saved.
+inline const std::string kOldContent = "the old content";
+
 enum class SaveOutcome {
   kSaved,  // the user was told so, of nothing else
   kTold,   // the user got one message that it failed

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "adapters/posix/posix_calls.h"
+#include "tests/fakes/fault_count.h"
 
 namespace vireon::tests {
 
@@ -71,6 +72,7 @@ class FaultyCalls {
   bool fails(const std::string& name) {
     made.push_back(name);
     if ((!failName.empty() && failName != name) || ++counted_ != failAt) return false;
+    countFault();
     if (insteadOfFailing) insteadOfFailing();
     errno = error;
     return true;

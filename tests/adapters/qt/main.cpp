@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "tests/adapters/qt/error_log.h"
+#include "tests/fakes/fault_report.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -11,5 +12,6 @@ int main(int argc, char** argv) {
   QApplication::setStyle(QStringLiteral("Fusion"));
   testing::UnitTest::GetInstance()->listeners().Append(
       std::make_unique<vireon::tests::ErrorLogListener>().release());
+  vireon::tests::FaultReport::install();
   return RUN_ALL_TESTS();
 }

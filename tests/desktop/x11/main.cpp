@@ -5,6 +5,7 @@
 
 #include "tests/adapters/qt/error_log.h"
 #include "tests/desktop/x11/x11_desktop.h"
+#include "tests/fakes/fault_report.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -17,5 +18,6 @@ int main(int argc, char** argv) {
   QApplication::setCursorFlashTime(0);
   testing::UnitTest::GetInstance()->listeners().Append(
       std::make_unique<vireon::tests::ErrorLogListener>().release());
+  vireon::tests::FaultReport::install();
   return RUN_ALL_TESTS();
 }

@@ -60,8 +60,8 @@ class TerminalNode {
 };
 
 // A process at such a node, with a file in the place of its UDC file, ready.
-struct Gadget {
-  Gadget() { EXPECT_EQ(process.nextLine(), "ready " + path.string()); }
+struct RunningGadget {
+  RunningGadget() { EXPECT_EQ(process.nextLine(), "ready " + path.string()); }
 
   std::vector<std::string> arguments() const {
     std::ofstream(udcPath) << "controller.0\n";
@@ -95,7 +95,7 @@ TEST(GadgetProcess, AnswersAtItsNodeAndTellsTheCommands) {
 }
 
 TEST(GadgetProcess, FaultsActAtTheNode) {
-  Gadget gadget;
+  RunningGadget gadget;
   ASSERT_EQ(gadget.process.control("fault refuse"), "");
   EXPECT_EQ(gadget.node.exchange("SIM??"), "\x05");
   ASSERT_EQ(gadget.process.control("fault once,identity=Q"), "");
@@ -105,7 +105,7 @@ TEST(GadgetProcess, FaultsActAtTheNode) {
 }
 
 TEST(GadgetProcess, UnplugAndPlugWriteTheUdcFile) {
-  Gadget gadget;
+  RunningGadget gadget;
   EXPECT_EQ(gadget.process.control("unplug"), "");
   EXPECT_EQ(gadget.udc(), "");
   EXPECT_EQ(gadget.process.control("plug"), "");
@@ -114,7 +114,7 @@ TEST(GadgetProcess, UnplugAndPlugWriteTheUdcFile) {
 }
 
 TEST(GadgetProcess, AnUnplugByAFaultIsToldAndWritesTheUdcFile) {
-  Gadget gadget;
+  RunningGadget gadget;
   ASSERT_EQ(gadget.process.control("fault once,unplug=2"), "");
   gadget.node.put("SIM??");
   EXPECT_EQ(gadget.process.nextLine(), "command SIM??");
@@ -125,7 +125,7 @@ TEST(GadgetProcess, AnUnplugByAFaultIsToldAndWritesTheUdcFile) {
 }
 
 TEST(GadgetProcess, GoesOnWhenItsNodeComesBack) {
-  Gadget gadget;
+  RunningGadget gadget;
   EXPECT_EQ(gadget.node.exchange("SIM??"), "sim:K7310 ");
   gadget.node = TerminalNode(gadget.path);
   EXPECT_EQ(gadget.node.exchange("VDA??"), "vda:44");

@@ -1,0 +1,58 @@
+"""How figures get into the page; run by bench/report before it measures."""
+import unittest
+
+import make
+import programs
+import template
+
+
+class FilledTextTest(unittest.TestCase):
+    """What template.fill makes of a text."""
+
+    figures = {"dispatch": 0.0000061, "short": 0.01234, "slow": 0.2, "fast": 0.05, "machine": "two cores"}
+
+    def filled(self, text: str, *groups: str) -> str:
+        return template.fill(text, dict(self.figures), set(groups)).rstrip("\n")
+
+    def test_a_figure_stands_in_its_unit_with_the_digits_that_count(self) -> None:
+        self.assertEqual(self.filled("{dispatch as us}, {short as ms}, {slow as ms}"), "6.1 us, 12.3 ms, 200 ms")
+        self.assertEqual(self.filled("{machine}"), "two cores")
+
+    def test_two_figures_give_their_ratio(self) -> None:
+        self.assertEqual(self.filled("{slow over fast as times}"), "4 times")
+
+    def test_a_wish_that_is_kept_stands_alone(self) -> None:
+        self.assertEqual(self.filled("{slow at most 200 ms}"), "at most 200 ms")
+        self.assertEqual(self.filled("{slow over fast at least 4}"), "at least 4")
+
+    def test_a_wish_that_is_missed_is_marked(self) -> None:
+        self.assertEqual(self.filled("{slow at most 199 ms}"), "at most 199 ms: **missed**")
+        self.assertEqual(self.filled("{fast at least 0.06 s}"), "at least 0.06 s: **missed**")
+
+    def test_a_line_of_a_group_stays_only_where_that_was_measured(self) -> None:
+        text = "?x11 {slow as s}\n?!x11 no screen"
+        self.assertEqual(self.filled(text, "x11"), "0.20 s")
+        self.assertEqual(self.filled(text), "no screen")
+
+    def test_a_figure_that_nothing_measured_is_refused(self) -> None:
+        for text in ("{other as ms}", "{slow over other as}", "{slow in parsecs}"):
+            with self.assertRaises(template.UnknownName):
+                self.filled(text)
+
+
+class ReadFigureTest(unittest.TestCase):
+    """What programs print, and what becomes of it."""
+
+    def test_measured_lines_give_names_in_one_word_and_seconds(self) -> None:
+        printed = "noise\nmeasured: the program's speed, side by side, 95.5 % of it\nmeasured: a wait 250.0 ms\n"
+        self.assertEqual(programs.measured_in(printed, "usb."),
+                         {"usb.the_program_s_speed_side_by_side": 95.5, "usb.a_wait": 0.25})
+
+    def test_the_section_on_usb_stays_as_it_stands_without_a_run(self) -> None:
+        former = "# Page\n\n## On the kernel's USB stack\n\nOld figures.\n\n## Last\n"
+        self.assertEqual(make.usb_section(former, ""), "## On the kernel's USB stack\n\nOld figures.\n")
+        self.assertEqual(make.usb_section("# Page\n", "skipped"), "")
+
+
+if __name__ == "__main__":
+    unittest.main()

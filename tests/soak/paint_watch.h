@@ -1,0 +1,103 @@
+#pragma once
+
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/soak/act_log.h"
+
+namespace vireon::soak {
+
+// Where a moment's time went, nanoseconds since some moment.
+struct Moment {
+  std::int64_t wall = 0;
+  std::int64_t processor = 0;  // this thread's
+  std::int64_t queued = 0;     // this thread was ready to run and the system ran another
+  std::int64_t others = 0;     // the same of the process's other threads, together
+
+  // Of the calling thread.
+  static Moment now();
+  friend Moment operator-(const Moment& one, const Moment& other) {
+    return {one.wall - other.wall, one.processor - other.processor, one.queued - other.queued,
+            one.others - other.others};
+  }
+  friend Moment operator+(const Moment& one, const Moment& other) {
+    return {one.wall + other.wall, one.processor + other.processor, one.queued + other.queued,
+            one.others + other.others};
+  }
+};
+
+// Two paints with more than kLongest between them. Milliseconds.
+struct Gap {
+  double wall = 0;
+  double processor = 0;
+  double queued = 0;  // the computer's doing, and so are:
+  double others = 0;  // other threads of the program, for which this one may have waited
+  std::string act;
+
+  // What the program is to answer for: it computed, or waited for something.
+  double own() const { return processor + std::max(0.0, wall - queued - processor - others); }
+};
+
+// Wants a pixel of the window painted again and again and knows the time between two paints.
+class PaintWatch {
+ public:
+  static constexpr double kLongest = 50;  // milliseconds
+  // A gap of so much waiting is nobody else's doing, however busy the computer.
+  static constexpr double kLongestWait = 300;
+
+  explicit PaintWatch(ActLog& log);
+
+  // Watches this window from now on.
+  void watch(QWidget& window);
+  void stop();
+
+  // The test's own work on the window's thread for a scope; it is no part of a gap.
+  class OwnWork {
+   public:
+    explicit OwnWork(PaintWatch& watch) : watch_(watch), start_(Moment::now()) {}
+    OwnWork(const OwnWork&) = delete;
+    OwnWork& operator=(const OwnWork&) = delete;
+    ~OwnWork() { watch_.excused_ = watch_.excused_ + (Moment::now() - start_); }
+
+   private:
+    PaintWatch& watch_;
+    Moment start_;
+  };
+
+  std::uint64_t paints() const { return paints_; }
+  // Gaps over kLongest by the clock; those that were the program's own as far as can be told; those that were
+  // so for certain: it computed for more than kLongest, or waited for more than kLongestWait.
+  std::uint64_t gaps() const { return gaps_; }
+  std::uint64_t ownGaps() const { return ownGaps_; }
+  std::uint64_t certainGaps() const { return certainGaps_; }
+  // The longest of the program's own first.
+  const std::vector<Gap>& worst() const { return worst_; }
+
+ private:
+  class Pixel;
+  void painted();
+  void wish();
+  void keep(const Gap& gap);
+
+  ActLog& log_;
+  QTimer wish_;
+  QPointer<QWidget> pixel_;
+  QPointer<QWidget> window_;
+  Qt::WindowStates state_;
+  Moment last_;
+  Moment excused_;
+  std::string actThen_;
+  std::uint64_t paints_ = 0;
+  std::uint64_t gaps_ = 0;
+  std::uint64_t ownGaps_ = 0;
+  std::uint64_t certainGaps_ = 0;
+  std::vector<Gap> worst_;
+};
+
+}  // namespace vireon::soak
