@@ -28,6 +28,7 @@ bool isInside(const void* block) {
   return block >= blocks.bytes && block < blocks.bytes + kArenaBytes;
 }
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory): this is what owning stands on
 void* allocate(std::size_t size) {
   if (!blocks.open) {
     void* const block = std::malloc(std::max<std::size_t>(size, 1));
@@ -44,6 +45,7 @@ void release(void* block) {
     std::free(block);
   }
 }
+// NOLINTEND(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
 
 std::vector<std::byte>& keptBytes() {
   static std::vector<std::byte> bytes;
