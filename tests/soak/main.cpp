@@ -1,7 +1,7 @@
 // A random user at the whole window, on simulated instruments and links that fail, until the time is up.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QDesktopServices>
+#include <QPixmapCache>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -61,6 +61,9 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setStyle(QStringLiteral("Fusion"));
   QApplication::setQuitOnLastWindowClosed(false);
+  if (vireon::soak::isSanitized()) {
+    QPixmapCache::setCacheLimit(0);  // see resources.cpp
+  }
 
   QCommandLineParser options;
   options.setApplicationDescription(QStringLiteral("A random user at the whole window."));

@@ -127,7 +127,7 @@ void PaintWatch::painted() {
 void PaintWatch::keep(const Gap& gap) {
   ++gaps_;
   ownGaps_ += gap.own() > kLongest ? 1U : 0U;
-  certainGaps_ += gap.processor > kLongest || gap.own() > kLongestWait ? 1U : 0U;
+  certainGaps_ += gap.processor > kLongestComputing || gap.own() > kLongestWait ? 1U : 0U;
   std::array<char, 100> text{};
   std::snprintf(text.data(), text.size(), "gap %.0f ms: computing %.0f, not run %.0f, others %.0f", gap.wall,
                 gap.processor, gap.queued, gap.others);

@@ -48,8 +48,9 @@ struct Gap {
 class PaintWatch {
  public:
   static constexpr double kLongest = 50;  // milliseconds
-  // A gap of so much waiting is nobody else's doing, however busy the computer.
-  static constexpr double kLongestWait = 300;
+  // So much computing or waiting in a gap is nobody else's doing, however busy the computer and its disk.
+  static constexpr double kLongestComputing = 80;
+  static constexpr double kLongestWait = 3000;
 
   explicit PaintWatch(ActLog& log);
 
@@ -72,7 +73,7 @@ class PaintWatch {
 
   std::uint64_t paints() const { return paints_; }
   // Gaps over kLongest by the clock; those that were the program's own as far as can be told; those that were
-  // so for certain: it computed for more than kLongest, or waited for more than kLongestWait.
+  // so for certain: it computed for more than kLongestComputing, or waited for more than kLongestWait.
   std::uint64_t gaps() const { return gaps_; }
   std::uint64_t ownGaps() const { return ownGaps_; }
   std::uint64_t certainGaps() const { return certainGaps_; }

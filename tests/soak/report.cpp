@@ -9,11 +9,6 @@ namespace {
 
 constexpr double kLongRun = 10;  // minutes in which every control comes to its turn
 constexpr std::size_t kShownGaps = 15;
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool kJudgesGaps = false;  // the sanitizers make everything slower
-#else
-constexpr bool kJudgesGaps = true;
-#endif
 
 void tellGaps(std::ostream& text, const PaintWatch& paints) {
   text << "Paints: " << paints.paints() << "; gaps over " << PaintWatch::kLongest << " ms: " << paints.gaps()
@@ -44,7 +39,8 @@ std::string reportOf(Soak& soak, const Order& order) {
   if (order.minutes >= kLongRun && !unused.empty()) {
     soak.log.finding("controls that were never used: " + std::to_string(unused.size()));
   }
-  if (kJudgesGaps && soak.paints.certainGaps() > 0) {
+  // The sanitizers make everything slower.
+  if (!isSanitized() && soak.paints.certainGaps() > 0) {
     soak.log.finding("gaps between paints that are the program's own: " +
                      std::to_string(soak.paints.certainGaps()));
   }

@@ -11,6 +11,7 @@ namespace vireon::soak {
 
 // What the process holds at a moment.
 struct Resources {
+  double acts = 0;      // of the user so far
   double heap = 0;      // KiB in use
   double resident = 0;  // KiB
   double files = 0;     // open descriptors
@@ -19,7 +20,7 @@ struct Resources {
   double widgets = 0;
   double windows = 0;
 
-  static Resources now();
+  static Resources now(std::uint64_t acts);
   std::string text() const;
 };
 
@@ -29,6 +30,9 @@ void emptyCaches(bool fonts);
 
 // From now on objects of the toolkit are counted; before the first one is made.
 void countObjects();
+
+// Whether the program is built with the sanitizers.
+bool isSanitized();
 
 // Samples from one and the same state of rest, and whether they grow.
 class Growth {

@@ -180,7 +180,7 @@ class Soak::Session {
     ++soak_.rests;
     {
       const PaintWatch::OwnWork own(soak_.paints);
-      soak_.last = Resources::now();
+      soak_.last = Resources::now(soak_.log.acts());
     }
     if (soak_.rests == 1) {
       soak_.first = soak_.last;
@@ -234,7 +234,7 @@ void Soak::run() {
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     emptyCaches(true);
-    between.add(Resources::now());
+    between.add(Resources::now(log.acts()));
     log.note("between sessions: " + between.samples().back().text());
   }
   between.judge(log);
