@@ -133,9 +133,9 @@ class NoHid : public vireon::platform::RawHid {
 struct Rig {
   Instrument instrument;
   NoHid hid;
-  vireon::adapters::QtSerialPort serialPort{[this](int) { return QString::fromStdString(instrument.path); }};
-  vireon::app::MemoryFileStore files;
   vireon::adapters::ModalGate gate;
+  vireon::adapters::QtSerialPort serialPort{gate, [this](int) { return QString::fromStdString(instrument.path); }};
+  vireon::app::MemoryFileStore files;
   vireon::app::Session session{{hid, serialPort, files}, "", gate};
 
   Rig() {

@@ -1,6 +1,7 @@
 #include "adapters/qt/background_worker.h"
 
 #include <chrono>
+#include <utility>
 
 #include "adapters/qt/painting_turn.h"
 
@@ -31,6 +32,9 @@ void BackgroundWorker::run(const std::function<void()>& job) {
   while (!doneWithin(kPatience)) {
     paintingTurn(gate_);
   }
+  if (thrown_ != nullptr) {
+    std::rethrow_exception(std::exchange(thrown_, nullptr));
+  }
 }
 
 bool BackgroundWorker::doneWithin(int milliseconds) {
@@ -47,7 +51,11 @@ void BackgroundWorker::serve() {
     }
     const std::function<void()>& job = *job_;
     lock.unlock();
-    job();
+    try {
+      job();
+    } catch (...) {
+      thrown_ = std::current_exception();
+    }
     lock.lock();
     job_ = nullptr;
     changed_.notify_all();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -19,7 +20,7 @@ class BackgroundWorker {
   BackgroundWorker& operator=(const BackgroundWorker&) = delete;
   ~BackgroundWorker();
 
-  // Runs the job, which throws nothing, and returns after it.
+  // Runs the job and returns after it; what it throws is thrown on.
   void run(const std::function<void()>& job);
 
  private:
@@ -30,6 +31,7 @@ class BackgroundWorker {
   std::mutex mutex_;
   std::condition_variable changed_;
   const std::function<void()>* job_ = nullptr;  // null when the worker is idle
+  std::exception_ptr thrown_;                   // by the last job
   bool ending_ = false;
   std::thread thread_;
 };

@@ -25,7 +25,6 @@ namespace {
 constexpr int kPanelWidth = 720;  // of the form file, pixels at 96 dpi
 constexpr int kPanelHeight = 352;
 constexpr double kFontHeight = 11.0;  // pixels at 96 dpi
-constexpr int kRetry = 2;             // milliseconds until a close request that has to wait is tried again
 
 struct Lettering {
   const char* name;
@@ -56,7 +55,16 @@ QString fileIn(const QMimeData& data) {
 
 }  // namespace
 
-MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form), gate_(gate) {
+MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate)
+    : form_(form),
+      closer_(gate, [this] { close(); }),
+      dropTaker_(gate,
+                 [this] {
+                   if (takesFiles() && openDropped) {
+                     openDropped(dropped_);
+                   }
+                 }),
+      gate_(gate) {
   Ui::frmMain ui;
   ui.setupUi(this);
   dress();
@@ -71,8 +79,6 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate) : form_(form
       Form_Resize();
     }
   });
-  closer_.setSingleShot(true);
-  connect(&closer_, &QTimer::timeout, this, &QWidget::close);
   takeFiles();
   Form_Resize();
   scalePanel();
@@ -179,12 +185,6 @@ void MainWindow::changeEvent(QEvent* event) {
 
 void MainWindow::takeFiles() {
   setAcceptDrops(true);
-  dropTaker_.setSingleShot(true);
-  connect(&dropTaker_, &QTimer::timeout, this, [this] {
-    if (takesFiles() && openDropped) {
-      openDropped(dropped_);
-    }
-  });
   // A file dropped on a box is for the window.
   for (QLineEdit* box : findChildren<QLineEdit*>()) {
     box->setAcceptDrops(false);
@@ -209,7 +209,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   }
   event->acceptProposedAction();
   dropped_ = file.toStdString();
-  dropTaker_.start(0);
+  dropTaker_.start();
 }
 
 // A request that comes while the window only paints is made again until it does more.
@@ -217,7 +217,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (gate_.closed() || gate_.paintingOnly()) {
     event->ignore();
     if (gate_.paintingOnly()) {
-      closer_.start(kRetry);
+      closer_.start();
     }
     return;
   }

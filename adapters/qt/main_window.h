@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "adapters/qt/control_binder.h"
-#include "adapters/qt/modal_gate.h"
+#include "adapters/qt/patient_timer.h"
 #include "form/main_form.h"
 
 namespace vireon::adapters {
@@ -31,7 +31,7 @@ class MainWindow : public QWidget {
   std::function<bool()> mayClose;
 
   // Asks the window to close at the event loop's next turn.
-  void closeLater() { closer_.start(0); }
+  void closeLater() { closer_.start(); }
 
   // The user asks for a saved file of any kind, or drops one on the window, UTF-8. Left out while a message
   // is open or the window only paints, and where mayOpen returns False.
@@ -69,9 +69,9 @@ class MainWindow : public QWidget {
   form::MainForm& form_;
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
-  QTimer snapper_;    // snaps at the window's next turn
-  QTimer closer_;     // closes at a later turn
-  QTimer dropTaker_;  // takes dropped_ at the window's next turn
+  QTimer snapper_;  // snaps at the window's next turn
+  PatientTimer closer_;
+  PatientTimer dropTaker_;  // takes dropped_
   std::string dropped_;
   const ModalGate& gate_;
   QSize asked_;  // the inner size last asked for

@@ -31,23 +31,21 @@ SerialOpenResult refusal(QSerialPort::SerialPortError error, const QString& devi
   return result;
 }
 
+void raise(const std::function<void()>& event) {
+  if (event) {
+    event();
+  }
+}
+
 }  // namespace
 
-QtSerialPort::QtSerialPort(std::function<QString(int com)> deviceOf, NodePatience patience)
-    : deviceOf_(std::move(deviceOf)), patience_(std::move(patience)) {
-  // The library is silent while its own signal is being handled, so events are raised after it.
-  const auto raiseLater = [this](QTimer& timer, const std::function<void()>& event) {
-    timer.setSingleShot(true);
-    timer.setInterval(0);
-    connect(&timer, &QTimer::timeout, this, [&event] {
-      if (event) {
-        event();
-      }
-    });
-  };
-  raiseLater(arrival_, onArrival);
-  raiseLater(loss_, onLost);
-}
+// The library is silent while its own signal is being handled, so events are raised after it.
+QtSerialPort::QtSerialPort(const ModalGate& gate, std::function<QString(int com)> deviceOf,
+                           NodePatience patience)
+    : deviceOf_(std::move(deviceOf)),
+      patience_(std::move(patience)),
+      arrival_(gate, [this] { raise(onArrival); }),
+      loss_(gate, [this] { raise(onLost); }) {}
 
 QtSerialPort::~QtSerialPort() {
   QtSerialPort::close();
@@ -84,7 +82,7 @@ SerialOpenResult QtSerialPort::open(int com, const platform::SerialSettings& set
   port->setRequestToSend(true);
   port->clear();
   port_ = std::move(port);
-  connect(port_.get(), &QSerialPort::readyRead, &arrival_, qOverload<>(&QTimer::start));
+  connect(port_.get(), &QSerialPort::readyRead, this, [this] { arrival_.start(); });
   connect(port_.get(), &QSerialPort::errorOccurred, this, &QtSerialPort::failed);
   return result;
 }

@@ -3,11 +3,11 @@
 #include <QObject>
 #include <QSerialPort>
 #include <QString>
-#include <QTimer>
 #include <functional>
 #include <memory>
 
 #include "adapters/posix/node_patience.h"
+#include "adapters/qt/patient_timer.h"
 #include "platform/serial_port.h"
 
 namespace vireon::adapters {
@@ -17,8 +17,9 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   Q_OBJECT
 
  public:
-  // `deviceOf` names the device of a port number, empty when there is none.
-  explicit QtSerialPort(std::function<QString(int com)> deviceOf, NodePatience patience = {});
+  // `deviceOf` names the device of a port number, empty when there is none. `gate` outlives the port, whose
+  // events wait while the windows only paint.
+  QtSerialPort(const ModalGate& gate, std::function<QString(int com)> deviceOf, NodePatience patience = {});
   Q_DISABLE_COPY_MOVE(QtSerialPort)
   ~QtSerialPort() override;
 
@@ -35,8 +36,8 @@ class QtSerialPort : public QObject, public platform::SerialPort {
   std::function<QString(int com)> deviceOf_;
   NodePatience patience_;
   std::unique_ptr<QSerialPort> port_;
-  QTimer arrival_;  // raises onArrival at the next turn
-  QTimer loss_;     // raises onLost at the next turn
+  PatientTimer arrival_;  // raises onArrival
+  PatientTimer loss_;     // raises onLost
 };
 
 }  // namespace vireon::adapters

@@ -1,19 +1,10 @@
 #include "adapters/qt/timer_binding.h"
 
 namespace vireon::adapters {
-namespace {
-
-constexpr int kRetry = 2;  // milliseconds until a tick that has to wait is tried again
-
-}  // namespace
-
 TimerBinding::TimerBinding(const form::Timer& timer, const ModalGate& gate)
-    : Binding(nullptr), timer_(timer), gate_(gate) {
+    : Binding(nullptr), timer_(timer), gate_(gate), late_(gate, [this] { tick(); }) {
   clockwork_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&clockwork_, &QTimer::timeout, &clockwork_, [this] { tick(); });
-  late_.setSingleShot(true);
-  late_.setInterval(kRetry);
-  QObject::connect(&late_, &QTimer::timeout, &late_, [this] { tick(); });
 }
 
 void TimerBinding::tick() {

@@ -3,7 +3,7 @@
 #include <QTimer>
 
 #include "adapters/qt/binding.h"
-#include "adapters/qt/modal_gate.h"
+#include "adapters/qt/patient_timer.h"
 #include "form/timer.h"
 
 namespace vireon::adapters {
@@ -23,7 +23,7 @@ class TimerBinding : public Binding {
   const form::Timer& timer_;
   const ModalGate& gate_;
   QTimer clockwork_;
-  QTimer late_;
+  PatientTimer late_;
 };
 
 }  // namespace vireon::adapters

@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPixmap>
-#include <QPointer>
 #include <QScreen>
 #include <QWindow>
 
@@ -27,7 +26,12 @@ platform::WindowSize twips(const QWidget& widget, const QSize& pixels) {
 
 }  // namespace
 
-QtViewerWindow::QtViewerWindow(const ModalGate& gate) : gate_(gate) {
+QtViewerWindow::QtViewerWindow(const ModalGate& gate)
+    : gate_(gate), snapper_(gate, [this] {
+        if (isNormal() && onResize) {
+          onResize();
+        }
+      }) {
   setObjectName(QStringLiteral("frmCapture"));
   setWindowTitle(QStringLiteral("Capture Window"));
   setAttribute(Qt::WA_QuitOnClose, false);
@@ -40,13 +44,6 @@ QtViewerWindow::QtViewerWindow(const ModalGate& gate) : gate_(gate) {
   area_.setWidget(&picture_);
   setCentralWidget(&area_);
   addMenus();
-  snapper_.setSingleShot(true);
-  snapper_.setInterval(0);
-  connect(&snapper_, &QTimer::timeout, this, [this] {
-    if (isNormal() && onResize) {
-      onResize();
-    }
-  });
 }
 
 void QtViewerWindow::addMenus() {
@@ -80,11 +77,7 @@ void QtViewerWindow::addItem(QMenu& menu, const char* name, const QString& capti
 
 // The window may be destroyed by what is done then, so no event of its own may be under way.
 void QtViewerWindow::later(const std::function<void(QtViewerWindow&)>& action) {
-  QTimer::singleShot(0, qApp, [action, window = QPointer<QtViewerWindow>(this)] {
-    if (window != nullptr) {
-      action(*window);
-    }
-  });
+  runLater(gate_, *this, [this, action] { action(*this); });
 }
 
 void QtViewerWindow::setPicture(const platform::Bitmap& bitmap) {

@@ -3,10 +3,9 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QScrollArea>
-#include <QTimer>
 #include <functional>
 
-#include "adapters/qt/modal_gate.h"
+#include "adapters/qt/patient_timer.h"
 #include "platform/viewer_window.h"
 
 namespace vireon::adapters {
@@ -42,10 +41,10 @@ class QtViewerWindow : public QMainWindow, public platform::ViewerWindow {
 
   const ModalGate& gate_;
   QScrollArea area_;
-  QLabel picture_;  // stands in the area, so goes first
-  QTimer snapper_;  // tells of a new size at the window's next turn
-  QSize asked_;     // the inner size last asked for
-  QSize got_;       // and the one there was at that time
+  QLabel picture_;        // stands in the area, so goes first
+  PatientTimer snapper_;  // tells of a new size
+  QSize asked_;           // the inner size last asked for
+  QSize got_;             // and the one there was at that time
 };
 
 // Makes viewer windows on this desktop.

@@ -6,6 +6,7 @@
 #include "adapters/hid/hidapi_port.h"
 #include "adapters/posix/posix_file_store.h"
 #include "adapters/qt/modal_gate.h"
+#include "adapters/qt/painting_files.h"
 #include "adapters/qt/painting_hid.h"
 #include "adapters/qt/painting_patience.h"
 #include "adapters/qt/program_places.h"
@@ -30,9 +31,10 @@ class Computer {
   adapters::HidapiPort hidapi_;
   adapters::PaintingHid hid_{hidapi_, gate_};
   adapters::QtSerialPort serialPort_{
-      [this](int com) { return adapters::comDevice(com, folder_, adapters::serialDevices()); },
+      gate_, [this](int com) { return adapters::comDevice(com, folder_, adapters::serialDevices()); },
       adapters::paintingPatience(gate_)};
-  adapters::PosixFileStore files_;
+  adapters::PosixFileStore disk_;
+  adapters::PaintingFiles files_{disk_, gate_};
 };
 
 }  // namespace vireon::app

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "adapters/qt/desktop_identity.h"
+#include "adapters/qt/painting_files.h"
 #include "adapters/qt/program_places.h"
 #include "adapters/qt/serial_port.h"
 #include "app/executables/dark_palette.h"
@@ -68,10 +69,11 @@ int main(int argc, char** argv) {
   vireon::simulator::Instrument instrument(model->second, clock);
   vireon::simulator::UsbEndpoint endpoint(instrument, clock);
   vireon::app::SimulatedHid hid(endpoint, model->second);
-  vireon::adapters::QtSerialPort noSerialPort([](int) { return QString(); });
-  const std::string folder = vireon::adapters::programFolder();
-  vireon::app::DemoFiles files(folder + "/vireon.ini");
   vireon::adapters::ModalGate gate;
+  vireon::adapters::QtSerialPort noSerialPort(gate, [](int) { return QString(); });
+  const std::string folder = vireon::adapters::programFolder();
+  vireon::app::DemoFiles disk(folder + "/vireon.ini");
+  vireon::adapters::PaintingFiles files(disk, gate);
   vireon::app::Session session({hid, noSerialPort, files}, folder, gate);
   if (!session.show()) {
     return 1;

@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <fstream>
 
+#include "adapters/posix/posix_file_store.h"
+#include "adapters/qt/painting_files.h"
 #include "adapters/qt/painting_hid.h"
 #include "tests/soak/random_user.h"
 #include "tests/soak/rest.h"
@@ -80,10 +82,15 @@ class Soak::Session {
     if (!plan.usb) {
       far_.usb.unplug();
     }
+    soak.files.go(&way_);
     hand_.setSingleShot(true);
     hand_.setTimerType(Qt::PreciseTimer);
     QObject::connect(&hand_, &QTimer::timeout, &hand_, [this] { turn(); });
   }
+
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session() { soak_.files.go(nullptr); }
 
   void run() {
     stage_.session = &session_;
@@ -198,6 +205,8 @@ class Soak::Session {
   UsbCable cable_{far_};
   adapters::ModalGate gate_;
   adapters::PaintingHid hid_{cable_, gate_};
+  adapters::PosixFileStore disk_;
+  adapters::PaintingFiles way_{disk_, gate_};
   SerialCable serial_{far_};
   Growth growth_;
   Stage stage_;

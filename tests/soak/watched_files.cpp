@@ -13,11 +13,11 @@ WatchedFiles::WatchedFiles(std::filesystem::path folder, ActLog& log, PaintWatch
     : folder_(std::move(folder)), log_(log), paints_(paints) {}
 
 platform::FileReadResult WatchedFiles::read(const std::string& path, std::size_t limit) {
-  if (reading_ != FileReadError::kNone && disk_.exists(path)) {
+  if (reading_ != FileReadError::kNone && disk().exists(path)) {
     ++failures_;
     return {{}, reading_};
   }
-  auto result = disk_.read(path, limit);
+  auto result = disk().read(path, limit);
   loads_ += result.error == FileReadError::kNone && !path.ends_with(".ini") ? 1U : 0U;
   const auto known = saved_.find(path);
   if (result.error == FileReadError::kNone && known != saved_.end() && known->second != result.bytes) {
@@ -38,7 +38,7 @@ FileReplace WatchedFiles::replace(const std::string& path, std::string_view byte
     ++failures_;
     return writing_;
   }
-  const FileReplace result = disk_.replace(path, bytes);
+  const FileReplace result = disk().replace(path, bytes);
   const PaintWatch::OwnWork own(paints_);
   if (result == FileReplace::kDone) {
     ++saves_;

@@ -19,10 +19,13 @@ class WatchedFiles : public platform::FileStore {
  public:
   WatchedFiles(std::filesystem::path folder, ActLog& log, PaintWatch& paints);
 
-  bool exists(const std::string& path) override { return disk_.exists(path); }
-  std::vector<std::string> list(const std::string& folder) override { return disk_.list(folder); }
+  bool exists(const std::string& path) override { return disk().exists(path); }
+  std::vector<std::string> list(const std::string& folder) override { return disk().list(folder); }
   platform::FileReadResult read(const std::string& path, std::size_t limit) override;
   platform::FileReplace replace(const std::string& path, std::string_view bytes) override;
+
+  // A session's way to the same files; null for the direct one.
+  void go(platform::FileStore* way) { way_ = way; }
 
   // Every read or write from now on ends so; none and done switch that off.
   void setFaults(platform::FileReadError reading, platform::FileReplace writing);
@@ -40,6 +43,10 @@ class WatchedFiles : public platform::FileStore {
   std::uint64_t failures() const { return failures_; }
 
  private:
+  platform::FileStore& disk() {
+    if (way_ != nullptr) return *way_;
+    return disk_;
+  }
   std::string onDisk(const std::string& path) const;
   bool isInside(const std::string& path) const;
 
@@ -47,6 +54,7 @@ class WatchedFiles : public platform::FileStore {
   ActLog& log_;
   PaintWatch& paints_;
   adapters::PosixFileStore disk_;
+  platform::FileStore* way_ = nullptr;
   platform::FileReadError reading_ = platform::FileReadError::kNone;
   platform::FileReplace writing_ = platform::FileReplace::kDone;
   std::map<std::string, std::string> saved_;  // contents by path

@@ -141,7 +141,7 @@ TEST_F(SerialFault, APortThatAnotherProgramHasIsInUse) {
   plugIn(1, 9600);
   start(1, 9600);
   adapters::QtSerialPort other(
-      [this](int com) { return adapters::comDevice(com, folder.path().string(), {}); });
+      gate, [this](int com) { return adapters::comDevice(com, folder.path().string(), {}); });
   ASSERT_EQ(other.open(1, {}).error, platform::SerialOpenError::kNone);
   messages.answers = {QMessageBox::No};
   click("cmdBttn_0");

@@ -94,7 +94,8 @@ class QtSerialPortTest : public testing::Test {
   bool calling = false;
   int arrivals = 0;
   int losses = 0;
-  QtSerialPort port{[this](int com) { return com == 1 ? device : QString(); }, noPatience()};
+  adapters::ModalGate gate;
+  QtSerialPort port{gate, [this](int com) { return com == 1 ? device : QString(); }, noPatience()};
 };
 
 TEST_F(QtSerialPortTest, OpensATerminalThatHasNoModemLinesAndNoParity) {
@@ -125,7 +126,8 @@ TEST_F(QtSerialPortTest, APortThatIsNotThereIsNotFound) {
 }
 
 TEST_F(QtSerialPortTest, APortThatSomebodyElseHasIsInUseAndNoMatterOfPermission) {
-  QtSerialPort other([this](int) { return device; }, noPatience());
+  QtSerialPort other(
+      gate, [this](int) { return device; }, noPatience());
   ASSERT_EQ(other.open(1, {}).error, SerialOpenError::kNone);
   EXPECT_EQ(open().error, SerialOpenError::kInUse);
   EXPECT_FALSE(port.isOpen());
@@ -155,7 +157,8 @@ TEST_F(QtSerialPortTest, AFreshNodeThatRefusesIsAskedAgain) {
       ::chmod(line->path().c_str(), 0666);
     }
   };
-  QtSerialPort patient([this](int) { return device; }, patience);
+  QtSerialPort patient(
+      gate, [this](int) { return device; }, patience);
   EXPECT_EQ(patient.open(1, {}).error, SerialOpenError::kNone);
   EXPECT_EQ(pauses, 3);
 }
@@ -191,6 +194,19 @@ TEST_F(QtSerialPortTest, AnArrivalIsToldAndItsBytesCanBeTakenInParts) {
   EXPECT_EQ(read(0), "");
   EXPECT_EQ(read(), "\x02\xFF\r\n\x11\x13z");
   EXPECT_EQ(read(), "");
+}
+
+TEST_F(QtSerialPortTest, AnArrivalWhileTheWindowsOnlyPaintIsToldAfterwards) {
+  ASSERT_EQ(open().error, SerialOpenError::kNone);
+  {
+    const adapters::ModalGate::Painting painting(gate);
+    ASSERT_TRUE(line->send("some"));
+    ASSERT_TRUE(until([this] { return port.available() == 4; }));
+    settle();
+    EXPECT_EQ(arrivals, 0);
+  }
+  EXPECT_TRUE(until([this] { return arrivals == 1; }));
+  EXPECT_EQ(read(), "some");
 }
 
 TEST_F(QtSerialPortTest, AnArrivalDuringItsOwnEventIsToldAgain) {

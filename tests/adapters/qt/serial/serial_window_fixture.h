@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/posix/posix_file_store.h"
+#include "adapters/qt/painting_files.h"
 #include "adapters/qt/program_places.h"
 #include "adapters/qt/serial_port.h"
 #include "tests/adapters/posix/temporary_folder.h"
@@ -144,10 +145,11 @@ class SerialWindowTest : public testing::Test {
   TemporaryFolder folder;
   std::map<int, std::unique_ptr<SimulatorProcess>> instruments;
   FakeRawHid hid;
-  adapters::QtSerialPort serialPort{
-      [this](int com) { return adapters::comDevice(com, folder.path().string(), {}); }};
-  adapters::PosixFileStore files;
   adapters::ModalGate gate;
+  adapters::QtSerialPort serialPort{
+      gate, [this](int com) { return adapters::comDevice(com, folder.path().string(), {}); }};
+  adapters::PosixFileStore disk;
+  adapters::PaintingFiles files{disk, gate};
   app::Session session{{hid, serialPort, files}, folder.path().string(), gate};
 };
 
