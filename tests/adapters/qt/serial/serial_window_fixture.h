@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "adapters/posix/posix_file_store.h"
-#include "adapters/qt/painting_files.h"
 #include "adapters/qt/program_places.h"
 #include "adapters/qt/serial_port.h"
 #include "tests/adapters/posix/temporary_folder.h"
@@ -148,8 +147,7 @@ class SerialWindowTest : public testing::Test {
   adapters::ModalGate gate;
   adapters::QtSerialPort serialPort{
       gate, [this](int com) { return adapters::comDevice(com, folder.path().string(), {}); }};
-  adapters::PosixFileStore disk;
-  adapters::PaintingFiles files{disk, gate};
+  adapters::PosixFileStore files;
   app::Session session{{hid, serialPort, files}, folder.path().string(), gate};
 };
 
