@@ -12,7 +12,7 @@
 namespace vireon::soak {
 namespace {
 
-constexpr int kWatching = 20;  // milliseconds
+constexpr int kLookingOn = 20;  // milliseconds
 
 struct Rare {
   const char* name;
@@ -47,7 +47,7 @@ int RandomUser::act() {
     return answer(stage_, thought, *front);
   }
   if (!stage_.shown) {
-    return kWatching;
+    return kLookingOn;
   }
   if (stage_.program().longWork.running()) {
     return waitForWork(thought);
@@ -67,7 +67,7 @@ int RandomUser::waitForWork(Dice& dice) {
   } else if (dice.percent(3)) {
     useOneOf(dice, stage_.window());
   }
-  return kWatching;
+  return kLookingOn;
 }
 
 int RandomUser::useMain(Dice& dice) {

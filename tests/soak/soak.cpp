@@ -13,16 +13,10 @@
 #include "tests/soak/strange_files.h"
 
 namespace vireon::soak {
-namespace {
 
 using simulator::Model;
 
-constexpr std::uint64_t kActsToRest = 120;
-constexpr int kPainting = 2;  // milliseconds until the next look while the window only paints
-constexpr int kLeaving = 10;
-constexpr std::chrono::seconds kBusy{60};
-
-struct Plan {
+struct SessionPlan {
   Model model;
   bool usb;
   bool firstRun;
@@ -36,15 +30,23 @@ struct Plan {
   }
 };
 
+namespace {
+
+constexpr std::uint64_t kActsToRest = 120;
+constexpr int kPainting = 2;  // milliseconds until the next look while the window only paints
+constexpr int kLeaving = 10;
+constexpr std::chrono::seconds kBusy{60};
+
 // Every fifth session is long, so that what grows within one is seen.
-Plan planFor(std::uint64_t seed, int session) {
+SessionPlan planFor(std::uint64_t seed, int session) {
   constexpr Model kModels[] = {Model::kK7310, Model::kK7310, Model::kK7310, Model::kK7210, Model::kK7900};
   constexpr int kBauds[] = {9600, 9600, 4800, 2400};
   Dice dice{seed, static_cast<std::uint64_t>(session)};
   const bool longOne = session % 5 == 1;
-  Plan plan{dice.pick(kModels), dice.percent(75),
-            dice.percent(25),   dice.between(1, 4),
-            dice.pick(kBauds),  static_cast<std::uint64_t>(longOne ? 12 : dice.between(1, 4)) * kActsToRest};
+  SessionPlan plan{
+      dice.pick(kModels), dice.percent(75),
+      dice.percent(25),   dice.between(1, 4),
+      dice.pick(kBauds),  static_cast<std::uint64_t>(longOne ? 12 : dice.between(1, 4)) * kActsToRest};
   if (longOne) {
     plan.model = Model::kK7310;
     plan.usb = true;
@@ -53,7 +55,7 @@ Plan planFor(std::uint64_t seed, int session) {
   return plan;
 }
 
-void writeSettings(const std::filesystem::path& path, const Plan& plan) {
+void writeSettings(const std::filesystem::path& path, const SessionPlan& plan) {
   std::error_code ignored;
   std::filesystem::remove(path, ignored);
   if (plan.firstRun) {
@@ -72,7 +74,7 @@ void writeSettings(const std::filesystem::path& path, const Plan& plan) {
 // One life of the window, from its start to its end.
 class Soak::Session {
  public:
-  Session(Soak& soak, const Plan& plan)
+  Session(Soak& soak, const SessionPlan& plan)
       : soak_(soak),
         plan_(plan),
         far_(plan.model, plan.usb ? 0 : plan.com, plan.baud),
@@ -200,7 +202,7 @@ class Soak::Session {
   }
 
   Soak& soak_;
-  Plan plan_;
+  SessionPlan plan_;
   SimulatedInstrument far_;
   UsbCable cable_{far_};
   adapters::ModalGate gate_;
@@ -233,7 +235,7 @@ void Soak::run() {
   end_ = std::chrono::steady_clock::now() +
          std::chrono::milliseconds(static_cast<std::int64_t>(order_.minutes * 60'000));
   for (int number = 1; !timeIsUp(); ++number) {
-    const Plan plan = planFor(order_.seed, number);
+    const SessionPlan plan = planFor(order_.seed, number);
     writeSettings(order_.folder / "vireon.ini", plan);
     files.forgetAll();
     clearFolder(order_.folder);
