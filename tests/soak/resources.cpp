@@ -79,9 +79,12 @@ constexpr std::array<Measure, 8> kMeasures{{{"acts", &Resources::acts, 1e12},
                                             {"widgets", &Resources::widgets, 0},
                                             {"windows", &Resources::windows, 0}}};
 
+bool isMemory(const Measure& measure) {
+  return measure.value == &Resources::heap || measure.value == &Resources::resident;
+}
+
 double names(const Measure& measure) {
-  const bool memory = measure.value == &Resources::heap || measure.value == &Resources::resident;
-  return memory && !isSanitized() ? kNamesOfPixmaps : 0;
+  return isMemory(measure) && !isSanitized() ? kNamesOfPixmaps : 0;
 }
 
 }  // namespace
@@ -149,9 +152,12 @@ void Growth::judge(ActLog& log) const {
     return;
   }
   const Resources before = early();
+  const Resources between = middle();
   const Resources after = late();
   for (const Measure& measure : kMeasures) {
-    const double grown = after.*measure.value - before.*measure.value;
+    const double first = between.*measure.value - before.*measure.value;
+    const double second = after.*measure.value - between.*measure.value;
+    const double grown = isMemory(measure) ? 2 * std::min(first, second) : first + second;
     const double margin = measure.value == &Resources::objects ? objects_
                           : measure.value == &Resources::widgets
                               ? widgets_

@@ -44,12 +44,15 @@ class Growth {
   void add(const Resources& sample) { samples_.push_back(sample); }
   const std::vector<Resources>& samples() const { return samples_; }
 
-  // The median of the last quarter against that of the second quarter, which is after the warming up. Nothing
-  // is judged with fewer than kFewest samples.
+  // The median of the last quarter against that of the second quarter, which is after the warming up. Memory
+  // has to have grown from each quarter to the next: what is lost again and again does, while a buffer that
+  // keeps its largest size, or a font at its first letter, is one step. Nothing is judged with fewer than
+  // kFewest samples.
   static constexpr std::size_t kFewest = 8;
   void judge(ActLog& log) const;
-  // Second quarter and last quarter, medians.
+  // Second, third and last quarter, medians.
   Resources early() const { return median(samples_.size() / 4, samples_.size() / 2); }
+  Resources middle() const { return median(samples_.size() / 2, samples_.size() * 3 / 4); }
   Resources late() const { return median(samples_.size() * 3 / 4, samples_.size()); }
 
  private:
