@@ -134,7 +134,8 @@ struct Rig {
   Instrument instrument;
   NoHid hid;
   vireon::adapters::ModalGate gate;
-  vireon::adapters::QtSerialPort serialPort{gate, [this](int) { return QString::fromStdString(instrument.path); }};
+  vireon::adapters::QtSerialPort serialPort{gate,
+                                            [this](int) { return QString::fromStdString(instrument.path); }};
   vireon::app::MemoryFileStore files;
   vireon::app::Session session{{hid, serialPort, files}, "", gate};
 
