@@ -3,6 +3,7 @@
 #include "simulator/waveform_frame.h"
 
 namespace vireon::simulator {
+
 // While the meter measures ohms its range stands in place of channel A's volts/div code.
 int Instrument::shownScale() const {
   const MeterSettings& meter = settings_.meter;
