@@ -12,6 +12,7 @@
 #include <QWindow>
 #include <QtMath>
 #include <algorithm>
+#include <chrono>
 
 #include "adapters/qt/colors.h"
 #include "adapters/qt/lamp.h"
@@ -53,11 +54,13 @@ QString fileIn(const QMimeData& data) {
   return {};
 }
 
+constexpr std::chrono::milliseconds kMessageRetry{50};  // until a close request is made again under an open message
+
 }  // namespace
 
 MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate)
     : form_(form),
-      closer_(gate, [this] { close(); }),
+      closer_(gate, [this] { closeAsWanted(); }),
       dropTaker_(gate,
                  [this] {
                    if (takesFiles() && openDropped) {
@@ -212,7 +215,16 @@ void MainWindow::dropEvent(QDropEvent* event) {
   dropTaker_.start();
 }
 
-// A request that comes while the window only paints is made again until it does more.
+void MainWindow::closeAsWanted() {
+  if (gate_.closed()) {
+    closer_.start(kMessageRetry);
+  } else {
+    close();
+  }
+}
+
+// A request that comes while the window only paints is made again after the work under way, and after the message
+// that may end it.
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (gate_.closed() || gate_.paintingOnly()) {
     event->ignore();

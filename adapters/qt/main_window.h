@@ -65,12 +65,13 @@ class MainWindow : public QWidget {
   void Form_Resize();
   bool isNormal() const;
   void scalePanel();
+  void closeAsWanted();
 
   form::MainForm& form_;
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
   QTimer snapper_;  // snaps at the window's next turn
-  PatientTimer closer_;
+  PatientTimer closer_;     // closes when no message is open
   PatientTimer dropTaker_;  // takes dropped_
   std::string dropped_;
   const ModalGate& gate_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTimer>
+#include <chrono>
 #include <functional>
 
 #include "adapters/qt/modal_gate.h"
@@ -12,14 +13,14 @@ namespace vireon::adapters {
 // outlives the owner.
 void runLater(const ModalGate& gate, QObject& owner, const std::function<void()>& action);
 
-// Something to be done at the event loop's next turn, once however often it is asked for; while the windows
-// only paint it waits.
+// Something to be done at the event loop's next turn, or later, once however often it is asked for; while the
+// windows only paint it waits.
 class PatientTimer {
  public:
   // `gate` outlives the timer, and the timer its action.
   PatientTimer(const ModalGate& gate, std::function<void()> action);
 
-  void start() { timer_.start(0); }
+  void start(std::chrono::milliseconds delay = {}) { timer_.start(delay); }
   void stop() { timer_.stop(); }
 
  private:

@@ -59,6 +59,21 @@ TEST_F(Closing, ARequestWhileAMessageIsOpenIsIgnored) {
   EXPECT_TRUE(window().close());
 }
 
+TEST_F(Closing, AnEarlierRequestOutlastsTheMessageThatComesInBetween) {
+  bool stayed = false;
+  messages.whileOpen = [&] {
+    window().closeLater();
+    QApplication::processEvents();
+    stayed = window().isVisible();
+  };
+  endpoint.unplug();
+  click("cmdBttn_0");
+  ASSERT_EQ(messages.seen.size(), 1U);
+  EXPECT_TRUE(stayed);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !window().isVisible(); }, 30000));
+  EXPECT_EQ(asked, 1);
+}
+
 TEST_F(Closing, ARequestWhileTheWindowOnlyPaintsWaits) {
   {
     const adapters::ModalGate::Painting painting(gate);
