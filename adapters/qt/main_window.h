@@ -70,7 +70,7 @@ class MainWindow : public QWidget {
   form::MainForm& form_;
   std::vector<Placed> placed_;
   std::unique_ptr<ControlBinder> binder_;
-  QTimer snapper_;  // snaps at the window's next turn
+  QTimer snapper_;          // snaps at the window's next turn
   PatientTimer closer_;     // closes when no message is open
   PatientTimer dropTaker_;  // takes dropped_
   std::string dropped_;
