@@ -54,7 +54,8 @@ QString fileIn(const QMimeData& data) {
   return {};
 }
 
-constexpr std::chrono::milliseconds kMessageRetry{50};  // until a close request is made again under an open message
+constexpr std::chrono::milliseconds kMessageRetry{
+    50};  // until a close request is made again under an open message
 
 }  // namespace
 
@@ -223,8 +224,8 @@ void MainWindow::closeAsWanted() {
   }
 }
 
-// A request that comes while the window only paints is made again after the work under way, and after the message
-// that may end it.
+// A request that comes while the window only paints is made again after the work under way, and after the
+// message that may end it.
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (gate_.closed() || gate_.paintingOnly()) {
     event->ignore();
