@@ -83,11 +83,16 @@ struct Bench {
   app::SimulatedHid hid{endpoint, simulator::Model::kK7310};
 };
 
-// The program without a window, connected and sampling.
-struct Rig : Bench {
+// All that the program needs but USB, at no cost.
+struct SilentPorts {
+  app::ProgramPorts with(platform::RawHid& hid) {
+    return {hid,   serialPort, pump,        messages,  searchView,    beeper,
+            clock, files,      fileDialogs, documents, compoundFiles, desktop.ports(files)};
+  }
+
   SilentMessages messages;
   SilentBeeper beeper;
-  FixedClock wallClock;
+  FixedClock clock;
   NoSerialPort serialPort;
   IdlePump pump;
   NoSearchView searchView;
@@ -96,9 +101,12 @@ struct Rig : Bench {
   NoDocumentOpener documents;
   NoCompoundFiles compoundFiles;
   tests::FakeDesktop desktop;
-  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files, fileDialogs,
-                        documents, compoundFiles, desktop.ports(files)},
-                       ""};
+};
+
+// The program without a window, connected and sampling.
+struct Rig : Bench {
+  SilentPorts ports;
+  app::Program program{ports.with(hid), ""};
 
   Rig() {
     program.Form_Load();

@@ -2,7 +2,6 @@
 
 #include "bench/bench_rig.h"
 #include "fuzz/require.h"
-#include "tests/fakes/fake_desktop.h"
 
 namespace vireon::fuzz {
 
@@ -22,23 +21,11 @@ class AbsentHid : public platform::RawHid {
 // The whole program, started and without an instrument.
 struct ProgramRig {
   AbsentHid hid;
-  bench::SilentMessages messages;
-  bench::SilentBeeper beeper;
-  bench::FixedClock clock;
-  bench::NoSerialPort serialPort;
-  bench::IdlePump pump;
-  bench::NoSearchView searchView;
-  bench::NoFileDialogs fileDialogs;
-  bench::NoDocumentOpener documents;
-  bench::NoCompoundFiles compoundFiles;
-  app::MemoryFileStore files;
-  tests::FakeDesktop desktop;
-  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, clock, files, fileDialogs,
-                        documents, compoundFiles, desktop.ports(files)},
-                       ""};
+  bench::SilentPorts ports;
+  app::Program program{ports.with(hid), ""};
 
   ProgramRig() {
-    files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
+    ports.files.replace("/vireon.ini", "[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n");
     require(program.Form_Load());
   }
 };

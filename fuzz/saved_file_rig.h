@@ -6,11 +6,11 @@
 
 namespace vireon::fuzz {
 
-// The program with a folder of saved files.
+// The program with a folder of saved ports.files.
 struct SavedFileRig : ProgramRig {
   // Opens "a" and the extension with this content; tells whether it was loaded as a whole.
   bool opens(const std::string& extension, const std::string& content) {
-    files.replace("/a" + extension, content);
+    ports.files.replace("/a" + extension, content);
     return reopens("a" + extension);
   }
 
@@ -25,7 +25,7 @@ struct SavedFileRig : ProgramRig {
   std::string savedAs(const std::string& name, const std::string& extension) {
     program.form.txtFn[1].setText(name);
     program.fileCommands.cmdSave_Click(1);
-    const std::string bytes = files.read("/" + name + extension, std::size_t{1} << 30U).bytes;
+    const std::string bytes = ports.files.read("/" + name + extension, std::size_t{1} << 30U).bytes;
     require(!bytes.empty());
     return bytes;
   }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/hid/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 #include "platform/raw_hid.h"
 
 namespace vireon::adapters {

@@ -21,8 +21,8 @@ bool mustWait(ssize_t result) {
 
 }  // namespace
 
-FileDescriptor openGadgetNode(const std::string& path) {
-  return FileDescriptor(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+adapters::FileDescriptor openGadgetNode(const std::string& path) {
+  return adapters::FileDescriptor(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
 }
 
 GadgetDevice::GadgetDevice(UsbEndpoint& endpoint, Clock& clock, std::string path, OpenNode openNode,

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "simulator/serve/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 #include "simulator/serve/served_link.h"
 #include "simulator/serve/udc_file.h"
 #include "simulator/usb_endpoint.h"
@@ -17,7 +17,7 @@ namespace vireon::simulator {
 class GadgetDevice : public ServedLink {
  public:
   // Opens the node for reading and writing without waiting; not open when that is impossible now.
-  using OpenNode = std::function<FileDescriptor()>;
+  using OpenNode = std::function<adapters::FileDescriptor()>;
 
   static constexpr std::chrono::milliseconds kRetryAfter{50};
   // An input report that the host did not fetch for so long was left behind by a host that is gone.
@@ -48,11 +48,11 @@ class GadgetDevice : public ServedLink {
   std::string path_;
   OpenNode openNode_;
   std::optional<UdcFile> udc_;
-  FileDescriptor node_;
+  adapters::FileDescriptor node_;
   std::chrono::nanoseconds retryAt_{0};
 };
 
 // Opens a HID gadget's node.
-FileDescriptor openGadgetNode(const std::string& path);
+adapters::FileDescriptor openGadgetNode(const std::string& path);
 
 }  // namespace vireon::simulator

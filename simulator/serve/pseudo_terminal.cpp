@@ -23,8 +23,8 @@ constexpr std::array<std::pair<speed_t, int>, 5> kSpeeds{
   throw std::system_error(errno, std::generic_category(), what);
 }
 
-FileDescriptor openMaster() {
-  FileDescriptor master(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+adapters::FileDescriptor openMaster() {
+  adapters::FileDescriptor master(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   if (!master.isOpen() || ::grantpt(master.number()) != 0 || ::unlockpt(master.number()) != 0) {
     fail("cannot open a pseudo-terminal");
   }
@@ -44,11 +44,11 @@ PseudoTerminal::PseudoTerminal(SerialEndpoint& endpoint, std::filesystem::path l
 }
 
 void PseudoTerminal::open() {
-  FileDescriptor master = openMaster();
+  adapters::FileDescriptor master = openMaster();
   std::array<char, 128> name{};
   if (::ptsname_r(master.number(), name.data(), name.size()) != 0) fail("a pseudo-terminal has no name");
   // Edges only: while nobody has the terminal open, its hang-up would be reported over and over.
-  FileDescriptor changes(::epoll_create1(EPOLL_CLOEXEC));
+  adapters::FileDescriptor changes(::epoll_create1(EPOLL_CLOEXEC));
   epoll_event wanted{};
   wanted.events = EPOLLIN | EPOLLET;
   if (::epoll_ctl(changes.number(), EPOLL_CTL_ADD, master.number(), &wanted) != 0) {
@@ -121,7 +121,7 @@ void PseudoTerminal::giveToHost() {
 
 // A real port forgets exclusive use when it is closed for the last time, a pseudo-terminal does not.
 void PseudoTerminal::endExclusiveUse() {
-  FileDescriptor slave(::open(slave_.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+  adapters::FileDescriptor slave(::open(slave_.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   if (!slave.isOpen()) {
     if (errno == EBUSY && hostGone()) open();
     return;

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <optional>
 
+#include "adapters/posix/file_descriptor.h"
 #include "simulator/serial_endpoint.h"
-#include "simulator/serve/file_descriptor.h"
 #include "simulator/serve/port_link.h"
 #include "simulator/serve/served_link.h"
 
@@ -38,8 +38,8 @@ class PseudoTerminal : public ServedLink {
   SerialEndpoint& endpoint_;
   std::filesystem::path path_;
   std::filesystem::path slave_;
-  FileDescriptor master_;
-  FileDescriptor changes_;
+  adapters::FileDescriptor master_;
+  adapters::FileDescriptor changes_;
   std::optional<PortLink> link_;
 };
 

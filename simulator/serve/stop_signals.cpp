@@ -15,7 +15,7 @@ StopSignals::StopSignals() {
   sigaddset(&stops, SIGTERM);
   sigprocmask(SIG_BLOCK, &stops, nullptr);
   std::signal(SIGPIPE, SIG_IGN);
-  signals_ = FileDescriptor(::signalfd(-1, &stops, SFD_CLOEXEC));
+  signals_ = adapters::FileDescriptor(::signalfd(-1, &stops, SFD_CLOEXEC));
   if (!signals_.isOpen()) throw std::system_error(errno, std::generic_category(), "cannot watch for signals");
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/serve/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 
 namespace vireon::simulator {
 
@@ -14,7 +14,7 @@ class StopSignals {
   int descriptor() const { return signals_.number(); }
 
  private:
-  FileDescriptor signals_;
+  adapters::FileDescriptor signals_;
 };
 
 }  // namespace vireon::simulator

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "simulator/serve/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 
 namespace vireon::simulator {
 
@@ -20,7 +20,7 @@ UdcFile::UdcFile(std::filesystem::path path) : path_(std::move(path)) {
 
 void UdcFile::write(const std::string& name) const {
   const std::string line = name + "\n";
-  const FileDescriptor file(::open(path_.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
+  const adapters::FileDescriptor file(::open(path_.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
   if (!file.isOpen() || ::write(file.number(), line.data(), line.size()) < 0) {
     throw std::runtime_error("cannot write " + path_.string() + ": " + std::strerror(errno));
   }

@@ -257,7 +257,7 @@ TEST_F(Closing, NobodyNeedsToCloseLater) {
 
 TEST_F(Closing, AfterItsEndNoSearchReachesTheProgram) {
   {
-    Program other(ports, "folder");
+    Program other(with(hid), "folder");
     EXPECT_TRUE(searchView.onCancel);
   }
   EXPECT_FALSE(searchView.onCancel);

@@ -58,7 +58,7 @@ TEST_F(FirstRun, WhereTheKeysCannotBeWrittenTheNextStartSearchesAgain) {
   EXPECT_FALSE(fileThere());
   hid.forget();
 
-  Program second(ports, "folder");
+  Program second(with(hid), "folder");
   ASSERT_TRUE(second.Form_Load());
   EXPECT_EQ(hid.commands, Texts{"SID??;SIM??"});
   EXPECT_EQ(second.link.usbProductId, -8191);
@@ -72,7 +72,7 @@ TEST_F(FirstRun, ASecondStartReadsWhatTheFirstOneWrote) {
   hid.forget();
   searchView.tried.clear();
 
-  Program second(ports, "folder");
+  Program second(with(hid), "folder");
   ASSERT_TRUE(second.Form_Load());
 
   EXPECT_EQ(second.form.caption(), "Vireon K7900");

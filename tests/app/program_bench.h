@@ -5,27 +5,17 @@
 #include <string>
 #include <vector>
 
-#include "app/program.h"
 #include "app/simulated_hid.h"
 #include "simulator/instrument.h"
 #include "simulator/usb_endpoint.h"
-#include "tests/fakes/fake_beeper.h"
-#include "tests/fakes/fake_compound_files.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_document_opener.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_message_pump.h"
-#include "tests/fakes/fake_search_view.h"
-#include "tests/fakes/fake_serial_port.h"
-#include "tests/fakes/fake_wall_clock.h"
+#include "tests/app/shown_disconnected.h"
+#include "tests/fakes/fake_ports.h"
 
 namespace vireon::tests {
 
 // The whole program without a toolkit, on a simulated instrument whose time stands still until a test moves
 // it.
-class ProgramBench {
+class ProgramBench : public FakePorts {
  public:
   explicit ProgramBench(simulator::Model model = simulator::Model::kK7310)
       : instrument(model, clock), hid(endpoint, model) {
@@ -81,40 +71,16 @@ class ProgramBench {
   }
 
   void expectDisconnected() {
-    EXPECT_FALSE(program.connection.connected());
+    expectShownDisconnected(program);
     EXPECT_EQ(form().cmdBttn[0].backColor(), form::kButtonFace);
-    EXPECT_EQ(form().StatusBar1.panel(2), "Disconnected");
-    for (const form::Control* control : std::initializer_list<const form::Control*>{
-             &form().SSTab1, &form().cmdClock, &form().picMscope, &form().panDlog, &form().panScon,
-             &form().cmdStart, &form().txtSTime}) {
-      EXPECT_FALSE(control->enabled()) << control->name();
-    }
     EXPECT_EQ(form().cmdStart.caption(), "Start");
-    EXPECT_FALSE(form().tmrInt.enabled());
-    EXPECT_EQ(form().Txled[0].fillColor(), form::kWhite);
-    EXPECT_EQ(form().Txled[1].fillColor(), form::kWhite);
-    EXPECT_FALSE(program.link.usbOpen);
-    EXPECT_FALSE(program.state.uiBusy);
   }
 
   simulator::ManualClock clock;
   simulator::Instrument instrument;
   simulator::UsbEndpoint endpoint{instrument, clock};
   app::SimulatedHid hid;
-  FakeMessageBoxes messages;
-  FakeBeeper beeper;
-  FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  FakeSerialPort serialPort;
-  FakeMessagePump pump{serialPort};
-  FakeSearchView searchView;
-  FakeFileStore files;
-  FakeFileDialogs fileDialogs;
-  FakeDocumentOpener documents;
-  FakeCompoundFiles compoundFiles;
-  FakeDesktop desktop;
-  app::Program program{{hid, serialPort, pump, messages, searchView, beeper, wallClock, files, fileDialogs,
-                        documents, compoundFiles, desktop.ports(files)},
-                       "folder"};
+  app::Program program{with(hid), "folder"};
 };
 
 }  // namespace vireon::tests

@@ -87,7 +87,7 @@ TEST_F(SettingsStart, AnyTabsButTwoAreOne) {
   };
   for (const Row& row : {Row{"2", 2}, Row{"1", 1}, Row{"", 1}, Row{"0", 1}, Row{"3", 1}, Row{"-2", 1},
                          Row{"20", 1}, Row{"two", 1}, Row{" 2 ", 2}}) {
-    Program other(ports, "folder");
+    Program other(with(hid), "folder");
     file() = std::string("[Tabs]\r\nTabs=") + row.value + "\r\n";
     ASSERT_TRUE(other.Form_Load());
     EXPECT_EQ(other.form.SSTab1.tabs(), row.tabs) << row.value;
@@ -186,7 +186,7 @@ class BusyView : public form::ControlView {
 TEST_F(SettingsStart, NoControlThatTheStartMovesSendsAnything) {
   form::Control* const watched[] = {&form().SSTab1, &form().StatusBar1, &form().posT, &form().posDV[0]};
   for (form::Control* control : watched) {
-    Program other(ports, "folder");
+    Program other(with(hid), "folder");
     const auto sameName = std::ranges::find(other.form.controls(), control->name(), &form::Control::name);
     ASSERT_NE(sameName, other.form.controls().end());
     BusyView view(other, **sameName);
@@ -224,7 +224,7 @@ TEST_F(SettingsStart, AnUnwritableFolderKeepsTheValuesOfTheFirstRunAndSaysNothin
 TEST_F(SettingsStart, AFileThatCannotBeWrittenKeepsTheValuesForTheRun) {
   for (const auto error : {platform::FileReplace::kNoSpace, platform::FileReplace::kNoPermission,
                            platform::FileReplace::kNoFolder, platform::FileReplace::kFailed}) {
-    Program other(ports, "folder");
+    Program other(with(hid), "folder");
     pump.timeOut = &other.form.tmrCom;
     files.files.clear();
     files.replaces = 0;

@@ -6,24 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "app/program.h"
-#include "tests/fakes/fake_beeper.h"
-#include "tests/fakes/fake_compound_files.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_document_opener.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_message_pump.h"
+#include "tests/fakes/fake_ports.h"
 #include "tests/fakes/fake_raw_hid.h"
-#include "tests/fakes/fake_search_view.h"
-#include "tests/fakes/fake_serial_port.h"
-#include "tests/fakes/fake_wall_clock.h"
 
 namespace vireon::tests {
 
 // The whole program before its start: no instrument on either link and no settings file.
-class StartBench : public testing::Test {
+class StartBench : public testing::Test, protected FakePorts {
  protected:
   StartBench() {
     hid.nodes.clear();
@@ -96,20 +85,7 @@ class StartBench : public testing::Test {
   static constexpr const char* kCheckUsbCable = "Device not detected...Please check USB cable & connector.";
 
   FakeRawHid hid;
-  FakeMessageBoxes messages;
-  FakeBeeper beeper;
-  FakeWallClock clock;
-  FakeSerialPort serialPort;
-  FakeMessagePump pump{serialPort};
-  FakeSearchView searchView;
-  FakeFileStore files;
-  FakeFileDialogs fileDialogs;
-  FakeDocumentOpener documents;
-  FakeCompoundFiles compoundFiles;
-  FakeDesktop desktop;
-  app::ProgramPorts ports{hid,   serialPort, pump,        messages,  searchView,    beeper,
-                          clock, files,      fileDialogs, documents, compoundFiles, desktop.ports(files)};
-  app::Program program{ports, "folder"};
+  app::Program program{with(hid), "folder"};
 
  private:
   std::string reply(const std::string& command) const {

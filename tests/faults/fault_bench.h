@@ -9,21 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "app/program.h"
 #include "app/simulated_hid.h"
 #include "simulator/instrument.h"
 #include "simulator/usb_endpoint.h"
-#include "tests/fakes/fake_beeper.h"
-#include "tests/fakes/fake_compound_files.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_document_opener.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_message_pump.h"
-#include "tests/fakes/fake_search_view.h"
-#include "tests/fakes/fake_serial_port.h"
-#include "tests/fakes/fake_wall_clock.h"
+#include "tests/fakes/fake_ports.h"
 #include "tests/faults/faulty_desktop.h"
 #include "tests/faults/faulty_files.h"
 #include "tests/faults/faulty_links.h"
@@ -41,7 +30,7 @@ inline constexpr const char* kSerialSettings =
 
 // The whole program on a simulated instrument, each of its ports failing as the plan wants it. The
 // instrument is on USB while it is plugged in, and at port 2 with 4800 baud while `atSerialPort`.
-class FaultBench {
+class FaultBench : public FakePorts {
  public:
   explicit FaultBench(FaultPlan& plan) : plan_(plan) {
     serialPort.instrument = [this](int com, int baudRate, const std::string& command) {
@@ -158,17 +147,6 @@ class FaultBench {
   simulator::ManualClock clock;
   simulator::Instrument instrument{simulator::Model::kK7310, clock};
   simulator::UsbEndpoint endpoint{instrument, clock};
-  FakeMessageBoxes messages;
-  FakeBeeper beeper;
-  FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  FakeSerialPort serialPort;
-  FakeMessagePump pump{serialPort};
-  FakeSearchView searchView;
-  FakeFileStore files;
-  FakeFileDialogs fileDialogs;
-  FakeDocumentOpener documents;
-  FakeCompoundFiles compoundFiles;
-  FakeDesktop desktop;
 
  private:
   // What a window says of its link is so, and no handler has left anything under way.

@@ -3,19 +3,9 @@
 #include <array>
 #include <string>
 
-#include "app/program.h"
 #include "scope/scale_tables.h"
-#include "tests/fakes/fake_beeper.h"
-#include "tests/fakes/fake_compound_files.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_document_opener.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_message_pump.h"
+#include "tests/fakes/fake_ports.h"
 #include "tests/fakes/fake_raw_hid.h"
-#include "tests/fakes/fake_search_view.h"
-#include "tests/fakes/fake_serial_port.h"
-#include "tests/fakes/fake_wall_clock.h"
 #include "tests/scope/waveform_frame.h"
 
 namespace vireon::tests {
@@ -35,16 +25,14 @@ enum class SaveOutcome {
 class SavingProgram {
  public:
   SavingProgram(platform::FileStore& files, const std::string& folder)
-      : program_({hid_, serialPort_, pump_, messages_, searchView_, beeper_, clock_, files, fileDialogs_,
-                  documents_, compoundFiles_, desktop_.ports(files)},
-                 folder) {
-    pump_.timeOut = &program_.form.tmrCom;
+      : program_(ports_.with(hid_, files), folder) {
+    ports_.pump.timeOut = &program_.form.tmrCom;
     const protocol::UiBusyScope busy(program_.state);
     scope::initLbl(program_.form, program_.state);
     for (form::TextBox& box : program_.form.txtFn) {
       box.setText("saved");
     }
-    documents_.answer = false;
+    ports_.documents.answer = false;
     form::Grid& list = program_.form.grdLog;
     list.setRows(2000);
     for (int row = 0; row < list.rows(); ++row) {
@@ -63,14 +51,15 @@ class SavingProgram {
     }
     form.optFmt[kind == ".xls" ? 1 : 0].setValue(true);
     form.StatusBar1.setPanel(1, "");
-    messages_.shown.clear();
+    ports_.messages.shown.clear();
     form.cmdSave[kind == ".wfm" ? 0 : 1].click();
     if (kind == ".wfm") {
       receiveFrame(program_.state, WaveformFields{}.bytes());
       program_.dispatcher.dspRcv();
     }
     const bool saved = form.StatusBar1.panel(1) == "Saved saved" + kind;
-    const bool told = messages_.count() == 1 && messages_.lastText().starts_with("The file was not saved");
+    const bool told =
+        ports_.messages.count() == 1 && ports_.messages.lastText().starts_with("The file was not saved");
     if (saved == told) {
       return SaveOutcome::kOther;
     }
@@ -79,16 +68,7 @@ class SavingProgram {
 
  private:
   FakeRawHid hid_;
-  FakeSerialPort serialPort_;
-  FakeMessagePump pump_{serialPort_};
-  FakeMessageBoxes messages_;
-  FakeSearchView searchView_;
-  FakeBeeper beeper_;
-  FakeWallClock clock_;
-  FakeFileDialogs fileDialogs_;
-  FakeDocumentOpener documents_;
-  FakeCompoundFiles compoundFiles_;
-  FakeDesktop desktop_;
+  FakePorts ports_;
   app::Program program_;
 };
 

@@ -7,8 +7,8 @@
 #include <csignal>
 #include <thread>
 
-#include "adapters/hid/file_descriptor.h"
 #include "adapters/hid/hidapi_port.h"
+#include "adapters/posix/file_descriptor.h"
 #include "tests/usb/gadget.h"
 #include "tests/usb/interval_timer.h"
 #include "tests/usb/measured.h"
@@ -27,7 +27,7 @@ class RawReport : public testing::Test {
  protected:
   RawReport() {
     gadget.plug();
-    device = FileDescriptor(::open(gadget.deviceNode().c_str(), O_RDWR | O_CLOEXEC));
+    device = adapters::FileDescriptor(::open(gadget.deviceNode().c_str(), O_RDWR | O_CLOEXEC));
   }
 
   static Report counted(std::uint8_t first) {
@@ -52,7 +52,7 @@ class RawReport : public testing::Test {
   }
 
   Gadget gadget{{}};
-  FileDescriptor device;
+  adapters::FileDescriptor device;
   HidapiPort port;
 };
 

@@ -2,33 +2,24 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "adapters/hid/hidapi_port.h"
-#include "app/program.h"
 #include "simulator/model.h"
-#include "tests/fakes/fake_beeper.h"
-#include "tests/fakes/fake_compound_files.h"
-#include "tests/fakes/fake_desktop.h"
-#include "tests/fakes/fake_document_opener.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_serial.h"
-#include "tests/fakes/fake_wall_clock.h"
+#include "tests/app/shown_disconnected.h"
+#include "tests/fakes/fake_ports.h"
 #include "tests/usb/gadget.h"
 
 namespace vireon::tests {
 
 // The whole program without a toolkit on the system's own HID nodes.
-class UsbProgram {
+class UsbProgram : public FakePorts {
  public:
   // Lines of a picture with both channels on.
   static constexpr std::size_t kFrameLines = 248;
 
-  UsbProgram() { serial.pump.timeOut = &program.form.tmrCom; }
+  UsbProgram() { pump.timeOut = &program.form.tmrCom; }
 
   form::MainForm& form() { return program.form; }
 
@@ -69,18 +60,7 @@ class UsbProgram {
   }
 
   void expectDisconnected() {
-    EXPECT_FALSE(program.connection.connected());
-    EXPECT_EQ(form().StatusBar1.panel(2), "Disconnected");
-    for (const form::Control* control : std::initializer_list<const form::Control*>{
-             &form().SSTab1, &form().cmdClock, &form().picMscope, &form().panDlog, &form().panScon,
-             &form().cmdStart, &form().txtSTime}) {
-      EXPECT_FALSE(control->enabled()) << control->name();
-    }
-    EXPECT_FALSE(form().tmrInt.enabled());
-    EXPECT_EQ(form().Txled[0].fillColor(), form::kWhite);
-    EXPECT_EQ(form().Txled[1].fillColor(), form::kWhite);
-    EXPECT_FALSE(program.link.usbOpen);
-    EXPECT_FALSE(program.state.uiBusy);
+    expectShownDisconnected(program);
     EXPECT_EQ(openHostNodes(), std::vector<std::string>{});
   }
 
@@ -93,18 +73,7 @@ class UsbProgram {
   }
 
   adapters::HidapiPort hid;
-  FakeMessageBoxes messages;
-  FakeBeeper beeper;
-  FakeWallClock wallClock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  FakeSerial serial;
-  FakeFileStore files;
-  FakeFileDialogs fileDialogs;
-  FakeDocumentOpener documents;
-  FakeCompoundFiles compoundFiles;
-  FakeDesktop desktop;
-  app::Program program{{hid, serial.port, serial.pump, messages, serial.view, beeper, wallClock, files,
-                        fileDialogs, documents, compoundFiles, desktop.ports(files)},
-                       "folder"};
+  app::Program program{with(hid), "folder"};
 };
 
 }  // namespace vireon::tests

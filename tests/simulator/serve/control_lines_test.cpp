@@ -7,7 +7,7 @@
 #include <array>
 #include <csignal>
 
-#include "simulator/serve/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 
 namespace vireon::simulator::tests {
 namespace {
@@ -17,8 +17,8 @@ struct Pipe {
     std::signal(SIGPIPE, SIG_IGN);
     std::array<int, 2> ends{};
     EXPECT_EQ(::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK), 0);
-    out = FileDescriptor(ends[0]);
-    in = FileDescriptor(ends[1]);
+    out = adapters::FileDescriptor(ends[0]);
+    in = adapters::FileDescriptor(ends[1]);
   }
 
   void put(std::string_view text) const {
@@ -35,8 +35,8 @@ struct Pipe {
     return text;
   }
 
-  FileDescriptor out;
-  FileDescriptor in;
+  adapters::FileDescriptor out;
+  adapters::FileDescriptor in;
 };
 
 TEST(LineReader, HandsOutWholeLinesAlone) {

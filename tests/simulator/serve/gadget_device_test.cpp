@@ -167,7 +167,7 @@ TEST_F(Gadget, ANodeThatIsGoneIsTriedAgainAndNoMoreOftenThanItsTime) {
 
 TEST_F(Gadget, ANodeThatCannotBeOpenedAtTheStartIsAnError) {
   EXPECT_THROW(GadgetDevice(
-                   endpoint, clock, "node", [] { return FileDescriptor(); }, std::nullopt),
+                   endpoint, clock, "node", [] { return adapters::FileDescriptor(); }, std::nullopt),
                std::runtime_error);
 }
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/serve/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 
 namespace vireon::simulator::tests {
 
@@ -18,15 +18,15 @@ namespace vireon::simulator::tests {
 // has the host's end. At most a few reports fit in until the host fetches them.
 class GadgetNode {
  public:
-  FileDescriptor open() {
+  adapters::FileDescriptor open() {
     ++openings;
     if (!present) return {};
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, ends.data()) != 0) return {};
     const int least = 1;
     ::setsockopt(ends[0], SOL_SOCKET, SO_SNDBUF, &least, sizeof least);
-    host_ = FileDescriptor(ends[1]);
-    return FileDescriptor(ends[0]);
+    host_ = adapters::FileDescriptor(ends[1]);
+    return adapters::FileDescriptor(ends[0]);
   }
 
   // One report of 64 bytes, filled up with zeros. False when the device does not take it now.
@@ -54,7 +54,7 @@ class GadgetNode {
   int openings = 0;
 
  private:
-  FileDescriptor host_;
+  adapters::FileDescriptor host_;
 };
 
 }  // namespace vireon::simulator::tests

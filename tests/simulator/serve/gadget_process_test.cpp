@@ -56,7 +56,7 @@ class TerminalNode {
   }
 
  private:
-  FileDescriptor master_;
+  adapters::FileDescriptor master_;
 };
 
 // A process at such a node, with a file in the place of its UDC file, ready.

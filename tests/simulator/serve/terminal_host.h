@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "simulator/serve/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 
 namespace vireon::simulator::tests {
 
@@ -78,7 +78,7 @@ class TerminalHost {
   bool hungUp = false;
 
  private:
-  FileDescriptor port_;
+  adapters::FileDescriptor port_;
 };
 
 }  // namespace vireon::simulator::tests

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/hid/file_descriptor.h"
+#include "adapters/posix/file_descriptor.h"
 
 namespace vireon::tests {
 

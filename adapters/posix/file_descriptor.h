@@ -18,12 +18,14 @@ class FileDescriptor {
   }
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
-  ~FileDescriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
+  ~FileDescriptor() { close(); }
 
   int number() const { return number_; }
   bool isOpen() const { return number_ >= 0; }
+
+  void close() {
+    if (number_ >= 0) ::close(std::exchange(number_, -1));
+  }
 
  private:
   int number_ = -1;
