@@ -45,9 +45,10 @@ Program::~Program() {
 }
 
 void Program::tie() {
+  // Else the poll would run out of it again and again.
+  frmCapture.onOutOfMemory = [this] { link::switchSampling(form, false); };
   form.onOutOfMemory = [this] {
-    // Else the poll would run out of it again and again.
-    link::switchSampling(form, false);
+    frmCapture.onOutOfMemory();
     outOfMemory_.tell(messages_);
   };
   connection.onFrame([this] { dispatcher.dspRcv(); });

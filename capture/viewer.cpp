@@ -73,14 +73,22 @@ void Viewer::show(Picture picture) {
 void Viewer::Form_Load() {
   window_ = ports_.windows.make();
   window_->onCommand = [this](platform::ViewerCommand command) {
-    try {
-      this->command(command);
-    } catch (const std::bad_alloc&) {
-      outOfMemory_.tell(ports_.messages);
-    }
+    attend([this, command] { this->command(command); });
   };
-  window_->onResize = [this] { Form_Resize(); };
-  window_->onUnload = [this] { Form_Unload(); };
+  window_->onResize = [this] { attend([this] { Form_Resize(); }); };
+  window_->onUnload = [this] { attend([this] { Form_Unload(); }); };
+}
+
+// Nothing is thrown into an event loop.
+void Viewer::attend(const std::function<void()>& event) {
+  try {
+    event();
+  } catch (const std::bad_alloc&) {
+    if (onOutOfMemory) {
+      onOutOfMemory();
+    }
+    outOfMemory_.tell(ports_.messages);
+  }
 }
 
 void Viewer::command(platform::ViewerCommand command) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -50,6 +51,9 @@ class Viewer {
   // The window goes, and the picture with it.
   void Form_Unload();
 
+  // What is done besides the message when memory runs out.
+  std::function<void()> onOutOfMemory;
+
   void mnuOpen_Click();
   void mnuFileSave_Click();
   void mnuPrint_Click();
@@ -58,6 +62,7 @@ class Viewer {
   void mnuClear_Click();
 
  private:
+  void attend(const std::function<void()>& event);
   void command(platform::ViewerCommand command);
   void setPicture(Picture picture);
   bool hasPicture();

@@ -86,10 +86,7 @@ std::string findFile(platform::FileStore& files, const std::string& folder, cons
 FileNameBox::FileNameBox(form::TextBox& box, platform::FileStore& files, const platform::WallClock& clock,
                          std::string folder)
     : box_(box), files_(files), clock_(clock), folder_(std::move(folder)) {
-  box_.onChange = [this] {
-    made_ = false;
-    shown_.clear();
-  };
+  box_.onChange = [this] { made_ = false; };
 }
 
 void FileNameBox::clearPlaceholder() {
@@ -119,16 +116,12 @@ void FileNameBox::make(const std::string& prefix, const std::string& extension) 
 }
 
 void FileNameBox::show(const std::string& name) {
-  box_.setText(form::text1252FromUtf8(name).text);
+  box_.setUtf8(name);
   made_ = false;
-  shown_ = name;
 }
 
 std::string FileNameBox::name() const {
-  if (!shown_.empty()) {
-    return shown_;
-  }
-  return empty() ? std::string() : form::utf8From1252(box_.text());
+  return empty() ? std::string() : box_.utf8();
 }
 
 }  // namespace vireon::files

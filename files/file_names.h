@@ -54,8 +54,7 @@ class FileNameBox {
   // extension exists already.
   void make(const std::string& prefix, const std::string& extension);
 
-  // Shows the name of a file that was chosen, UTF-8; it stays the name even where the box cannot show all its
-  // letters.
+  // Shows the name of a file that was chosen, UTF-8.
   void show(const std::string& name);
 
   // The file's name without its extension, UTF-8; empty when the box counts as empty.
@@ -67,7 +66,6 @@ class FileNameBox {
   const platform::WallClock& clock_;
   std::string folder_;
   bool made_ = false;
-  std::string shown_;  // the chosen file's name as long as the user does not edit it
 };
 
 }  // namespace vireon::files

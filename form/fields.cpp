@@ -10,19 +10,23 @@ void Label::accept(ControlVisitor& visitor) {
 }
 
 void TextBox::setText(std::string text) {
-  take(std::move(text), true);
+  std::string utf8 = utf8From1252(text);
+  take(std::move(text), std::move(utf8), true);
+}
+
+void TextBox::setUtf8(std::string utf8) {
+  Text1252 known = text1252FromUtf8(utf8);
+  take(std::move(known.text), std::move(utf8), known.complete);
 }
 
 void TextBox::type(std::string_view utf8) {
-  attend([&] {
-    Text1252 typed = text1252FromUtf8(utf8);
-    take(std::move(typed.text), typed.complete);
-  });
+  attend([&] { setUtf8(std::string(utf8)); });
 }
 
-void TextBox::take(std::string text, bool complete) {
-  assign(complete_, complete);
-  if (assign(text_, std::move(text))) {
+void TextBox::take(std::string text, std::string utf8, bool complete) {
+  text_ = std::move(text);
+  complete_ = complete;
+  if (assign(utf8_, std::move(utf8))) {
     raise(onChange);
   }
 }

@@ -33,13 +33,17 @@ class TextBox : public Control {
   TextBox(Form& form, std::string name) : Control(form, std::move(name)) {}
 
   const std::string& text() const { return text_; }
-  // Raises onChange when the text is a new one.
   void setText(std::string text);
 
-  // Takes over what the user made of the text, UTF-8. A letter that code page 1252 lacks is "?" in text(),
-  // and complete() is False until it is gone.
-  void type(std::string_view utf8);
+  // The text as it is seen, UTF-8. A letter that code page 1252 lacks is "?" in text(), and complete() is
+  // False until it is gone.
+  const std::string& utf8() const { return utf8_; }
+  void setUtf8(std::string utf8);
   bool complete() const { return complete_; }
+
+  // Takes over what the user made of the text.
+  void type(std::string_view utf8);
+
   bool readOnly() const { return readOnly_; }
   void setReadOnly(bool readOnly) { assign(readOnly_, readOnly); }
 
@@ -50,7 +54,7 @@ class TextBox : public Control {
   // What a key press that brings the input focus into the box does.
   void focus() const { raise(onFocus); }
 
-  Handler onChange;
+  Handler onChange;  // the text as it is seen is a new one
   std::function<void(int)> onKeyPress;
   Handler onMouseDown;
   Handler onFocus;
@@ -61,9 +65,10 @@ class TextBox : public Control {
   bool isInput() const override { return true; }
 
  private:
-  void take(std::string text, bool complete);
+  void take(std::string text, std::string utf8, bool complete);
 
   std::string text_;
+  std::string utf8_;
   bool complete_ = true;
   bool readOnly_ = false;
 };

@@ -62,10 +62,18 @@ void Grid::changed(int firstRow, int lastRow) {
 }
 
 void Grid::setTopRow(int row) {
+  assign(topRow_, checkedRow(row));
+}
+
+void Grid::setNewestRow(int row) {
+  assign(newestRow_, checkedRow(row));
+}
+
+int Grid::checkedRow(int row) const {
   if (row < 1 || row >= rows_) {
     throw Fault(FaultKind::kPropertyValue);
   }
-  assign(topRow_, row);
+  return row;
 }
 
 void Grid::setColumnWidth(int column, int twips) {

@@ -45,6 +45,11 @@ class Grid : public Control {
   int topRow() const { return topRow_; }
   void setTopRow(int row);
 
+  // The row written last of a list that grows; a view that showed the one before brings it into view. 0 for
+  // none. Faults (kPropertyValue) outside 1 to rows-1.
+  int newestRow() const { return newestRow_; }
+  void setNewestRow(int row);
+
   // Twips; 0 is the grid's default width.
   int columnWidth(int column) const { return columns_[checkedColumn(column)].width; }
   void setColumnWidth(int column, int twips);
@@ -60,11 +65,13 @@ class Grid : public Control {
   };
 
   std::size_t checkedColumn(int column) const;
+  int checkedRow(int row) const;
   std::size_t cell(int row, int column) const;
   void changed(int firstRow, int lastRow);
 
   int rows_ = 1;
   int topRow_ = 1;
+  int newestRow_ = 0;
   std::vector<Column> columns_{Column{}};
   std::deque<std::string> cells_{""};  // row by row; grows without moving what is there
   RowRange changes_{0, 0};

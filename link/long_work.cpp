@@ -1,7 +1,6 @@
 #include "link/long_work.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace vireon::link {
 
@@ -17,16 +16,29 @@ LongWork::Scope::Scope(LongWork& work, int total, std::initializer_list<const fo
   std::vector<const form::Control*> all(open);
   all.insert(all.end(), {&work.form_.cmdCancel, &work.form_.cmdBttn[1]});
   work_.cancelled_ = false;
+  try {
+    begin(total, all);
+  } catch (...) {
+    end();
+    throw;
+  }
+}
+
+LongWork::Scope::~Scope() {
+  end();
+}
+
+void LongWork::Scope::begin(int total, const std::vector<const form::Control*>& open) {
   work_.state_.logTransfer = true;
   form::MainForm& form = work_.form_;
   form.barWork.setRange(0, std::max(0, total));
   form.barWork.setValue(0);
   form.barWork.setVisible(true);
   form.cmdCancel.setVisible(true);
-  form.raiseShield(all);
+  form.raiseShield(open);
 }
 
-LongWork::Scope::~Scope() {
+void LongWork::Scope::end() {
   work_.form_.lowerShield();
   work_.form_.barWork.setVisible(false);
   work_.form_.cmdCancel.setVisible(false);

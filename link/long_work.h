@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <vector>
 
 #include "form/main_form.h"
 #include "link/operations.h"
@@ -37,6 +38,9 @@ class LongWork {
     bool goOn(int done);
 
    private:
+    void begin(int total, const std::vector<const form::Control*>& open);
+    void end();
+
     LongWork& work_;
     Operations::Scope operation_;
   };

@@ -24,12 +24,14 @@ void followRecord(form::Grid& list, int row) {
   if (row > kLastFixedRow) {
     list.setTopRow(std::min(list.topRow() + 1, list.rows() - 1));
   }
+  list.setNewestRow(row);
 }
 
 void markEnd(form::Grid& list, int row, std::string_view mark) {
   makeRoom(list, row);
   if (!holdsRecord(list, row)) {
     list.setText(row, kTimeColumn, std::string(mark));
+    list.setNewestRow(row);
   }
 }
 

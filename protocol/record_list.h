@@ -21,8 +21,8 @@ inline constexpr std::string_view kEndOfPoll = "--EOD--";
 // Grows a list that has fewer than kListRows rows or fewer than `row` + 3.
 void makeRoom(form::Grid& list, int row);
 
-// Moves the list up by a row, as far as it goes, so that a record that was written below kLastFixedRow is in
-// view.
+// Moves the list up by a row, as far as it goes, where a record was written below kLastFixedRow, and marks
+// the record as the newest, which the user is to see. The list has the row.
 void followRecord(form::Grid& list, int row);
 
 // Writes an end mark, unless the row holds a record.

@@ -1,14 +1,13 @@
 #include "adapters/qt/background_worker.h"
 
 #include <chrono>
-#include <utility>
 
 #include "adapters/qt/painting_turn.h"
 
 namespace vireon::adapters {
 namespace {
 
-constexpr int kPatience = 10;  // milliseconds without painting
+constexpr std::chrono::milliseconds kPatience{10};  // without painting
 
 }  // namespace
 
@@ -23,23 +22,35 @@ BackgroundWorker::~BackgroundWorker() {
   thread_.join();
 }
 
-void BackgroundWorker::run(const std::function<void()>& job) {
+void BackgroundWorker::run(const std::function<void()>& work) {
+  Job job{work, nullptr};
   {
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return job_ == nullptr; });
     job_ = &job;
   }
   changed_.notify_all();
-  while (!doneWithin(kPatience)) {
-    paintingTurn(gate_);
+  try {
+    while (!doneWithin(job, kPatience)) {
+      paintingTurn(gate_);
+    }
+  } catch (...) {
+    await(job);
+    throw;
   }
-  if (thrown_ != nullptr) {
-    std::rethrow_exception(std::exchange(thrown_, nullptr));
+  if (job.thrown != nullptr) {
+    std::rethrow_exception(job.thrown);
   }
 }
 
-bool BackgroundWorker::doneWithin(int milliseconds) {
+bool BackgroundWorker::doneWithin(const Job& job, std::chrono::milliseconds limit) {
   std::unique_lock lock(mutex_);
-  return changed_.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return job_ == nullptr; });
+  return changed_.wait_for(lock, limit, [&job] { return job.done; });
+}
+
+void BackgroundWorker::await(const Job& job) {
+  std::unique_lock lock(mutex_);
+  changed_.wait(lock, [&job] { return job.done; });
 }
 
 void BackgroundWorker::serve() {
@@ -49,15 +60,16 @@ void BackgroundWorker::serve() {
     if (ending_) {
       return;
     }
-    const std::function<void()>& job = *job_;
+    Job& job = *job_;
     lock.unlock();
     try {
-      job();
+      job.work();
     } catch (...) {
-      thrown_ = std::current_exception();
+      job.thrown = std::current_exception();
     }
     lock.lock();
     job_ = nullptr;
+    job.done = true;
     changed_.notify_all();
   }
 }

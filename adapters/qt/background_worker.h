@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <exception>
 #include <functional>
@@ -20,18 +21,25 @@ class BackgroundWorker {
   BackgroundWorker& operator=(const BackgroundWorker&) = delete;
   ~BackgroundWorker();
 
-  // Runs the job and returns after it; what it throws is thrown on.
-  void run(const std::function<void()>& job);
+  // Runs the work and returns after it, however the painting ends; what either throws is thrown on. Where it
+  // is asked for while other work runs, that ends first.
+  void run(const std::function<void()>& work);
 
  private:
+  struct Job {
+    const std::function<void()>& work;
+    std::exception_ptr thrown;
+    bool done = false;
+  };
+
   void serve();
-  bool doneWithin(int milliseconds);
+  bool doneWithin(const Job& job, std::chrono::milliseconds limit);
+  void await(const Job& job);
 
   ModalGate& gate_;
   std::mutex mutex_;
   std::condition_variable changed_;
-  const std::function<void()>* job_ = nullptr;  // null when the worker is idle
-  std::exception_ptr thrown_;                   // by the last job
+  Job* job_ = nullptr;  // of who asked, null when the worker is idle
   bool ending_ = false;
   std::thread thread_;
 };

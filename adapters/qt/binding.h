@@ -1,14 +1,17 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
+
+#include "adapters/qt/modal_gate.h"
 
 namespace vireon::adapters {
 
 // One control and the widget that shows it.
 class Binding {
  public:
-  // `widget` is null for a control without a face.
-  explicit Binding(QWidget* widget) : widget_(widget) {}
+  // `widget` is null for a control without one; `gate` outlives the binding.
+  Binding(QWidget* widget, const ModalGate& gate) : widget_(widget), gate_(gate) {}
   Binding(const Binding&) = delete;
   Binding& operator=(const Binding&) = delete;
   virtual ~Binding() = default;
@@ -23,8 +26,14 @@ class Binding {
 
   bool waiting = false;  // the control changed since the last show()
 
+ protected:
+  // Does to the control what was done to its widget or action, `face`: at once, or when the windows no longer
+  // only paint. Then there is no input of a mouse or a keyboard, but an assistive technology works on.
+  void act(QObject& face, const std::function<void()>& action) const;
+
  private:
   QWidget* widget_;
+  const ModalGate& gate_;
 };
 
 }  // namespace vireon::adapters

@@ -11,8 +11,8 @@
 
 namespace vireon::adapters {
 
-CaptionBinding::CaptionBinding(const form::Captioned& control, QAbstractButton& widget)
-    : Binding(&widget), control_(control), button_(widget) {}
+CaptionBinding::CaptionBinding(const form::Captioned& control, QAbstractButton& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), button_(widget) {}
 
 void CaptionBinding::show() {
   const QString caption = shown(control_.caption());
@@ -37,9 +37,10 @@ void CaptionBinding::show() {
   }
 }
 
-ButtonBinding::ButtonBinding(const form::Button& control, QAbstractButton& widget)
-    : CaptionBinding(control, widget) {
-  QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&control] { control.click(); });
+ButtonBinding::ButtonBinding(const form::Button& control, QAbstractButton& widget, const ModalGate& gate)
+    : CaptionBinding(control, widget, gate) {
+  QObject::connect(&widget, &QAbstractButton::clicked, &widget,
+                   [this, &control, &widget] { act(widget, [&control] { control.click(); }); });
 }
 
 void ButtonBinding::enable(bool enabled) {
@@ -54,9 +55,10 @@ void ButtonBinding::enable(bool enabled) {
   }
 }
 
-ActionBinding::ActionBinding(const form::Button& control, QAction& action)
-    : Binding(nullptr), control_(control), action_(action) {
-  QObject::connect(&action, &QAction::triggered, &action, [&control] { control.click(); });
+ActionBinding::ActionBinding(const form::Button& control, QAction& action, const ModalGate& gate)
+    : Binding(nullptr, gate), control_(control), action_(action) {
+  QObject::connect(&action, &QAction::triggered, &action,
+                   [this] { act(action_, [this] { control_.click(); }); });
 }
 
 void ActionBinding::show() {
@@ -65,15 +67,16 @@ void ActionBinding::show() {
   action_.setVisible(control_.visible());
 }
 
-CheckBoxBinding::CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget)
-    : CaptionBinding(control, widget), control_(control) {
+CheckBoxBinding::CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget, const ModalGate& gate)
+    : CaptionBinding(control, widget, gate), control_(control) {
   for (QWidget* other : widget.window()->findChildren<QWidget*>()) {
     if (other->property("signOf").toString() == widget.objectName()) {
       signs_.push_back(other);
     }
   }
-  QObject::connect(&widget, &QAbstractButton::clicked, &widget,
-                   [&control](bool checked) { control.setValue(checked ? 1 : 0); });
+  QObject::connect(&widget, &QAbstractButton::toggled, &widget, [this](bool checked) {
+    act(button(), [this, checked] { control_.setValue(checked ? 1 : 0); });
+  });
 }
 
 void CheckBoxBinding::show() {
@@ -85,9 +88,14 @@ void CheckBoxBinding::show() {
   }
 }
 
-OptionButtonBinding::OptionButtonBinding(form::OptionButton& control, QAbstractButton& widget)
-    : CaptionBinding(control, widget), control_(control) {
-  QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&control] { control.setValue(true); });
+OptionButtonBinding::OptionButtonBinding(form::OptionButton& control, QAbstractButton& widget,
+                                         const ModalGate& gate)
+    : CaptionBinding(control, widget, gate), control_(control) {
+  QObject::connect(&widget, &QAbstractButton::toggled, &widget, [this](bool checked) {
+    if (checked) {
+      act(button(), [this] { control_.setValue(true); });
+    }
+  });
 }
 
 void OptionButtonBinding::show() {

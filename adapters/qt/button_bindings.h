@@ -13,7 +13,7 @@ namespace vireon::adapters {
 // What the three kinds of buttons share: caption and colours.
 class CaptionBinding : public Binding {
  public:
-  CaptionBinding(const form::Captioned& control, QAbstractButton& widget);
+  CaptionBinding(const form::Captioned& control, QAbstractButton& widget, const ModalGate& gate);
   void show() override;
 
  protected:
@@ -28,7 +28,7 @@ class CaptionBinding : public Binding {
 
 class ButtonBinding : public CaptionBinding {
  public:
-  ButtonBinding(const form::Button& control, QAbstractButton& widget);
+  ButtonBinding(const form::Button& control, QAbstractButton& widget, const ModalGate& gate);
 
   // A button that is disabled while it has the focus has it again when enabled, unless the user moved it on.
   void enable(bool enabled) override;
@@ -41,7 +41,7 @@ class ButtonBinding : public CaptionBinding {
 // A button that is an entry of a menu.
 class ActionBinding : public Binding {
  public:
-  ActionBinding(const form::Button& control, QAction& action);
+  ActionBinding(const form::Button& control, QAction& action, const ModalGate& gate);
   void show() override;
 
  private:
@@ -52,7 +52,7 @@ class ActionBinding : public Binding {
 // Labels with the dynamic property "signOf" that names the check box are seen while it is checked.
 class CheckBoxBinding : public CaptionBinding {
  public:
-  CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget);
+  CheckBoxBinding(form::CheckBox& control, QAbstractButton& widget, const ModalGate& gate);
   void show() override;
 
  private:
@@ -62,7 +62,7 @@ class CheckBoxBinding : public CaptionBinding {
 
 class OptionButtonBinding : public CaptionBinding {
  public:
-  OptionButtonBinding(form::OptionButton& control, QAbstractButton& widget);
+  OptionButtonBinding(form::OptionButton& control, QAbstractButton& widget, const ModalGate& gate);
   void show() override;
 
  private:

@@ -34,6 +34,9 @@ ControlBinder::ControlBinder(form::Form& form, QWidget& root, const ModalGate& g
   for (form::Control* control : form.controls()) {
     control->accept(*this);
   }
+  // A change must be taken in where no memory is left.
+  waiting_.reserve(bindings_.size());
+  spare_.reserve(bindings_.size());
   findCompanions();
   showAll();
   form.setView(this);
@@ -50,7 +53,7 @@ void ControlBinder::bind(Control& control) {
     unbound_.push_back(control.name());
     return;
   }
-  bindings_.emplace(&control, std::make_unique<BindingType>(control, *widget));
+  bindings_.emplace(&control, std::make_unique<BindingType>(control, *widget, gate_));
 }
 
 void ControlBinder::changed(const form::Control& control) {
@@ -96,12 +99,14 @@ void ControlBinder::shieldMoved(bool up) {
 
 void ControlBinder::flush() {
   sinceFlush_.start();
-  const auto waiting = std::exchange(waiting_, {});
+  auto waiting = std::exchange(waiting_, std::exchange(spare_, {}));
   for (const form::Control* control : waiting) {
     Binding& binding = *bindings_.at(control);
     binding.waiting = false;
     show(*control, binding);
   }
+  waiting.clear();
+  spare_ = std::move(waiting);
 }
 
 void ControlBinder::showAll() {
@@ -148,7 +153,7 @@ bool ControlBinder::isShown(const form::Control& control) const {
 
 void ControlBinder::visit(form::Button& control) {
   if (auto* const action = root_.findChild<QAction*>(shown(control.name()))) {
-    bindings_.emplace(&control, std::make_unique<ActionBinding>(control, *action));
+    bindings_.emplace(&control, std::make_unique<ActionBinding>(control, *action, gate_));
   } else {
     bind<ButtonBinding, QAbstractButton>(control);
   }

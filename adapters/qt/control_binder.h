@@ -69,6 +69,7 @@ class ControlBinder : public QObject, public form::ControlView, private form::Co
   const ModalGate& gate_;
   std::unordered_map<const form::Control*, std::unique_ptr<Binding>> bindings_;
   std::vector<const form::Control*> waiting_;
+  std::vector<const form::Control*> spare_;  // empty; takes over while those that waited are shown
   std::vector<std::string> unbound_;
   std::unordered_multimap<const form::Control*, const form::Control*> companions_;  // by their panel
   std::unordered_map<const form::Control*, const form::Control*> panels_;           // and the other way round

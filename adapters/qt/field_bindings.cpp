@@ -7,7 +7,6 @@
 
 #include "adapters/qt/colors.h"
 #include "adapters/qt/text.h"
-#include "form/text_encoding.h"
 
 namespace vireon::adapters {
 namespace {
@@ -19,8 +18,8 @@ bool byKey(Qt::FocusReason reason) {
 
 }  // namespace
 
-LabelBinding::LabelBinding(const form::Label& control, QLabel& widget)
-    : Binding(&widget), control_(control), label_(widget) {}
+LabelBinding::LabelBinding(const form::Label& control, QLabel& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), label_(widget) {}
 
 void LabelBinding::show() {
   const QString caption = shown(control_.caption());
@@ -44,8 +43,8 @@ void LabelBinding::place(const PictureView& picture) {
   label_.move(sideways ? corner.x() : label_.x(), corner.y());
 }
 
-TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget)
-    : Binding(&widget), control_(control), edit_(widget) {
+TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), edit_(widget) {
   connect(&widget, &QLineEdit::textEdited, this, [this](const QString& text) {
     control_.type(typed(text));
     show();
@@ -55,11 +54,8 @@ TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget)
 }
 
 void TextBoxBinding::show() {
-  // A letter that the control has no code for stays as the user typed it.
-  const bool typedHere =
-      !control_.complete() && form::text1252FromUtf8(typed(edit_.text())).text == control_.text();
-  const QString text = shown(control_.text());
-  if (edit_.text() != text && !typedHere) {
+  const QString text = shownUtf8(control_.utf8());
+  if (edit_.text() != text) {
     edit_.setText(text);
   }
   edit_.setReadOnly(control_.readOnly());
@@ -75,10 +71,10 @@ bool TextBoxBinding::eventFilter(QObject* object, QEvent* event) {
   return QObject::eventFilter(object, event);
 }
 
-ComboBoxBinding::ComboBoxBinding(form::ComboBox& control, QComboBox& widget)
-    : Binding(&widget), control_(control), combo_(widget) {
+ComboBoxBinding::ComboBoxBinding(form::ComboBox& control, QComboBox& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), combo_(widget) {
   QObject::connect(&widget, &QComboBox::activated, &widget,
-                   [&control](int index) { control.setListIndex(index); });
+                   [this](int index) { act(combo_, [this, index] { control_.setListIndex(index); }); });
 }
 
 void ComboBoxBinding::show() {
@@ -93,16 +89,19 @@ void ComboBoxBinding::show() {
   combo_.setCurrentIndex(control_.listIndex());
 }
 
-SliderBinding::SliderBinding(form::Slider& control, EdgeSlider& widget)
-    : Binding(&widget), control_(control), slider_(widget) {
-  QObject::connect(&widget, &EdgeSlider::moveCompleted, &widget,
-                   [&control, &widget] { control.setValue(widget.value()); });
+SliderBinding::SliderBinding(form::Slider& control, EdgeSlider& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), slider_(widget) {
+  QObject::connect(&widget, &EdgeSlider::moveCompleted, &widget, [this] { take(slider_.value()); });
   // A value set at one go, by an assistive technology.
-  QObject::connect(&widget, &EdgeSlider::valueChanged, &widget, [&control, &widget](int value) {
-    if (!widget.moving()) {
-      control.setValue(value);
+  QObject::connect(&widget, &EdgeSlider::valueChanged, &widget, [this](int value) {
+    if (!slider_.moving()) {
+      take(value);
     }
   });
+}
+
+void SliderBinding::take(int value) {
+  act(slider_, [this, value] { control_.setValue(value); });
 }
 
 void SliderBinding::show() {

@@ -15,7 +15,7 @@ namespace vireon::adapters {
 // A label; one with the dynamic property "placed" ("y" or "xy") stands on its picture where the control says.
 class LabelBinding : public Binding {
  public:
-  LabelBinding(const form::Label& control, QLabel& widget);
+  LabelBinding(const form::Label& control, QLabel& widget, const ModalGate& gate);
   void show() override;
 
  private:
@@ -28,7 +28,7 @@ class LabelBinding : public Binding {
 
 class TextBoxBinding : public QObject, public Binding {
  public:
-  TextBoxBinding(form::TextBox& control, QLineEdit& widget);
+  TextBoxBinding(form::TextBox& control, QLineEdit& widget, const ModalGate& gate);
   void show() override;
 
  protected:
@@ -41,7 +41,7 @@ class TextBoxBinding : public QObject, public Binding {
 
 class ComboBoxBinding : public Binding {
  public:
-  ComboBoxBinding(form::ComboBox& control, QComboBox& widget);
+  ComboBoxBinding(form::ComboBox& control, QComboBox& widget, const ModalGate& gate);
   void show() override;
 
  private:
@@ -52,10 +52,12 @@ class ComboBoxBinding : public Binding {
 // A slider; the control learns of a move when it is complete.
 class SliderBinding : public Binding {
  public:
-  SliderBinding(form::Slider& control, EdgeSlider& widget);
+  SliderBinding(form::Slider& control, EdgeSlider& widget, const ModalGate& gate);
   void show() override;
 
  private:
+  void take(int value);
+
   form::Slider& control_;
   EdgeSlider& slider_;
 };

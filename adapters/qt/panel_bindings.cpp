@@ -18,7 +18,8 @@ constexpr int kDefaultColumnWidth = 75;  // pixels
 
 }  // namespace
 
-PictureBoxBinding::PictureBoxBinding(const form::PictureBox& control, QWidget& widget) : Binding(&widget) {
+PictureBoxBinding::PictureBoxBinding(const form::PictureBox& control, QWidget& widget, const ModalGate& gate)
+    : Binding(&widget, gate) {
   if (auto* picture = qobject_cast<PictureView*>(&widget)) {
     picture->setPicture(control);
   }
@@ -35,20 +36,23 @@ void ProgressBarBinding::show() {
   bar_.setValue(control_.value());
 }
 
-TabControlBinding::TabControlBinding(form::TabControl& control, QTabBar& widget)
-    : Binding(&widget), control_(control), tabs_(widget) {
+TabControlBinding::TabControlBinding(form::TabControl& control, QTabBar& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), tabs_(widget) {
   widget.setDrawBase(false);
   widget.setExpanding(false);
-  QObject::connect(&widget, &QTabBar::currentChanged, &widget, [&control](int tab) {
-    if (tab < 0) {
-      return;
-    }
-    if (control.enabled()) {
-      control.setTab(tab);
-    } else {
-      control.look(tab);
+  QObject::connect(&widget, &QTabBar::currentChanged, &widget, [this](int tab) {
+    if (tab >= 0) {
+      act(tabs_, [this, tab] { turnTo(tab); });
     }
   });
+}
+
+void TabControlBinding::turnTo(int tab) {
+  if (control_.enabled()) {
+    control_.setTab(tab);
+  } else {
+    control_.look(tab);
+  }
 }
 
 void TabControlBinding::show() {
@@ -65,8 +69,8 @@ void TabControlBinding::show() {
   tabs_.setCurrentIndex(control_.tab());
 }
 
-StatusBarBinding::StatusBarBinding(const form::StatusBar& control, QWidget& widget)
-    : Binding(&widget), control_(control) {
+StatusBarBinding::StatusBarBinding(const form::StatusBar& control, QWidget& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control) {
   for (int panel = 1; panel <= form::StatusBar::kPanels; ++panel) {
     labels_.at(static_cast<std::size_t>(panel - 1)) =
         widget.findChild<QLabel*>(shown(control.name() + "_" + std::to_string(panel)));
@@ -97,8 +101,8 @@ int StatusBarBinding::roomOf(const QLabel& label) const {
   return end - label.x();
 }
 
-GridBinding::GridBinding(form::Grid& control, QTableView& widget)
-    : Binding(&widget), control_(control), table_(widget), model_(control, nullptr) {
+GridBinding::GridBinding(form::Grid& control, QTableView& widget, const ModalGate& gate)
+    : Binding(&widget, gate), control_(control), table_(widget), model_(control, nullptr) {
   widget.setModel(&model_);
   widget.verticalHeader()->hide();
   widget.verticalHeader()->setMinimumSectionSize(1);
@@ -124,10 +128,29 @@ void GridBinding::show() {
       table_.setColumnWidth(column, width);
     }
   }
-  if (topRow_ != control_.topRow()) {
-    topRow_ = control_.topRow();
+  scroll();
+}
+
+// A list that grows is followed to its newest row, unless the user has moved on from there.
+void GridBinding::scroll() {
+  const int formerTop = std::exchange(topRow_, control_.topRow());
+  const int formerNewest = std::exchange(newestRow_, control_.newestRow());
+  const bool grew = newestRow_ != formerNewest;
+  const bool begins = topRow_ < formerTop;
+  const bool follows = grew && (begins || isInView(formerNewest));
+  if (begins || (topRow_ != formerTop && !grew)) {
     table_.scrollTo(model_.index(topRow_ - 1, 0), QAbstractItemView::PositionAtTop);
   }
+  if (follows) {
+    table_.scrollTo(model_.index(newestRow_ - 1, 0));
+  }
+}
+
+// True of a row that is not there, and of each while nothing is to be seen.
+bool GridBinding::isInView(int row) const {
+  const QModelIndex index = model_.index(row - 1, 0);
+  return !index.isValid() || !table_.isVisible() ||
+         table_.viewport()->rect().intersects(table_.visualRect(index));
 }
 
 }  // namespace vireon::adapters

@@ -21,14 +21,14 @@ namespace vireon::adapters {
 // A panel, or a picture when the widget is a PictureView.
 class PictureBoxBinding : public Binding {
  public:
-  PictureBoxBinding(const form::PictureBox& control, QWidget& widget);
+  PictureBoxBinding(const form::PictureBox& control, QWidget& widget, const ModalGate& gate);
   void show() override;
 };
 
 class ShapeBinding : public Binding {
  public:
-  ShapeBinding(const form::Shape& control, Lamp& widget)
-      : Binding(&widget), control_(control), lamp_(widget) {}
+  ShapeBinding(const form::Shape& control, Lamp& widget, const ModalGate& gate)
+      : Binding(&widget, gate), control_(control), lamp_(widget) {}
   void show() override { lamp_.setColor(control_.fillColor()); }
 
  private:
@@ -38,8 +38,8 @@ class ShapeBinding : public Binding {
 
 class ProgressBarBinding : public Binding {
  public:
-  ProgressBarBinding(const form::ProgressBar& control, QProgressBar& widget)
-      : Binding(&widget), control_(control), bar_(widget) {}
+  ProgressBarBinding(const form::ProgressBar& control, QProgressBar& widget, const ModalGate& gate)
+      : Binding(&widget, gate), control_(control), bar_(widget) {}
   void show() override;
 
  private:
@@ -50,11 +50,13 @@ class ProgressBarBinding : public Binding {
 // A strip of tabs; while its control is disabled it still shows the panels, unless it is shielded.
 class TabControlBinding : public Binding {
  public:
-  TabControlBinding(form::TabControl& control, QTabBar& widget);
+  TabControlBinding(form::TabControl& control, QTabBar& widget, const ModalGate& gate);
   void show() override;
   void enable(bool /*enabled*/) override { tabs_.setEnabled(!control_.shielded()); }
 
  private:
+  void turnTo(int tab);
+
   form::TabControl& control_;
   QTabBar& tabs_;
 };
@@ -63,7 +65,7 @@ class TabControlBinding : public Binding {
 // with an ellipsis and shown whole where the pointer rests.
 class StatusBarBinding : public Binding {
  public:
-  StatusBarBinding(const form::StatusBar& control, QWidget& widget);
+  StatusBarBinding(const form::StatusBar& control, QWidget& widget, const ModalGate& gate);
   void show() override;
 
  private:
@@ -75,15 +77,19 @@ class StatusBarBinding : public Binding {
 
 class GridBinding : public Binding {
  public:
-  GridBinding(form::Grid& control, QTableView& widget);
+  GridBinding(form::Grid& control, QTableView& widget, const ModalGate& gate);
   void show() override;
 
  private:
+  void scroll();
+  bool isInView(int row) const;
+
   const form::Grid& control_;
   QTableView& table_;
   GridModel model_;
   std::map<int, int> widths_;  // pixels, as set last
   int topRow_ = 1;
+  int newestRow_ = 0;
 };
 
 }  // namespace vireon::adapters

@@ -2,7 +2,7 @@
 
 namespace vireon::adapters {
 TimerBinding::TimerBinding(const form::Timer& timer, const ModalGate& gate)
-    : Binding(nullptr), timer_(timer), gate_(gate), late_(gate, [this] { tick(); }) {
+    : Binding(nullptr, gate), timer_(timer), gate_(gate), late_(gate, [this] { tick(); }) {
   clockwork_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&clockwork_, &QTimer::timeout, &clockwork_, [this] { tick(); });
 }

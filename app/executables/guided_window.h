@@ -44,10 +44,13 @@ class GuidedWindow {
   }
 
   // Saves a picture of the window as "<name>.png" and says so; False when it cannot be written.
-  bool picture(const QString& name) {
+  bool picture(const QString& name) { return picture(name, session_.window()); }
+
+  // The same of another window.
+  bool picture(const QString& name, QWidget& window) {
     session_.window().binder().flush();
     const QString path = folder_.absoluteFilePath(name + QStringLiteral(".png"));
-    if (!folder_.mkpath(QStringLiteral(".")) || !session_.window().grab().save(path)) {
+    if (!folder_.mkpath(QStringLiteral(".")) || !window.grab().save(path)) {
       std::printf("  cannot write the picture %s\n", qUtf8Printable(path));
       return false;
     }

@@ -1,5 +1,7 @@
 #include "app/executables/pictures.h"
 
+#include <algorithm>
+
 #include "app/executables/guided_window.h"
 
 namespace vireon::app {
@@ -27,7 +29,7 @@ class Pictures {
            picture("scope-ohm") && showMeter() && recordRun() && picture("meter-data-logger") &&
            statistics(kRecord) && picture("meter-record") && statistics(kRelative) &&
            picture("meter-relative") && setUp() && picture("meter-set-up") && statistics(kCompare) &&
-           picture("meter-compare") && trendRun() && picture("meter-trend");
+           picture("meter-compare") && trendRun() && picture("meter-trend") && viewer();
   }
 
  private:
@@ -105,6 +107,19 @@ class Pictures {
     window_.form().cmbDmod.setListIndex(kTrend);
     record();
     return window_.waitFor([&] { return window_.form().barTrd.value() == kFullTrend; });
+  }
+
+  bool viewer() {
+    window_.form().SSTab1.setTab(0);
+    if (!nextFrames()) {
+      return false;
+    }
+    window_.click("cmdSprint");
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto viewer = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+      return window->objectName() == QLatin1String("frmCapture") && window->isVisible();
+    });
+    return viewer != windows.end() && window_.picture(QStringLiteral("viewer") + suffix_, **viewer);
   }
 
   GuidedWindow window_;

@@ -38,6 +38,18 @@ TEST_F(CaptureAndPrint, TheLivePollRunsDuringTheSecond) {
   EXPECT_TRUE(program.frmCapture.isOpen());
 }
 
+TEST_F(CaptureAndPrint, MemoryThatRunsOutInTheViewerIsToldThereAndStopsSampling) {
+  goLive();
+  form().cmdSprint.click();
+  ASSERT_EQ(form().cmdStart.caption(), "Stop");
+  desktop.clipboard.outOfMemory = true;
+  desktop.viewers.choose(platform::ViewerCommand::kCopy);
+  EXPECT_EQ(desktop.messages.count(), 1U);
+  EXPECT_EQ(messages.count(), 0U);
+  EXPECT_EQ(form().cmdStart.caption(), "Start");
+  EXPECT_FALSE(form().tmrInt.enabled());
+}
+
 TEST_F(CaptureAndPrint, TheViewerGoesWithTheMainWindow) {
   form().cmdSprint.click();
   EXPECT_TRUE(program.requestClose());

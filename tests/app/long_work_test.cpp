@@ -1,5 +1,7 @@
 #include "link/long_work.h"
 
+#include <new>
+
 #include "tests/app/program_bench.h"
 
 namespace vireon::app {
@@ -29,6 +31,26 @@ TEST_F(LongWork, ShowsItsProgressAndHidesItAtTheEnd) {
   }
   EXPECT_FALSE(form().barWork.visible());
   EXPECT_FALSE(form().cmdCancel.visible());
+}
+
+// A view that has no memory left when the shield goes up.
+class ExhaustedView final : public form::ControlView {
+ public:
+  void changed(const form::Control& /*control*/) override {}
+  void refresh(const form::Control& /*control*/) override {}
+  void shieldMoved(bool up) override {
+    if (up) throw std::bad_alloc();
+  }
+};
+
+TEST_F(LongWork, ThatCannotBeShownLeavesNothingUnderWay) {
+  ExhaustedView view;
+  form().setView(&view);
+  EXPECT_THROW(link::LongWork::Scope(work(), 200), std::bad_alloc);
+  form().setView(nullptr);
+  EXPECT_FALSE(work().running());
+  EXPECT_FALSE(form().barWork.visible());
+  EXPECT_TRUE(form().cmdBttn[0].takesInput());
 }
 
 TEST_F(LongWork, LetsTheWindowLiveAtEachStep) {

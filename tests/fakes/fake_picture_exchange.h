@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,12 @@ namespace vireon::tests {
 class FakeClipboard final : public platform::Clipboard {
  public:
   std::vector<platform::Bitmap> pictures;  // each one set
+  bool outOfMemory = false;                // at every call
 
-  void setPicture(const platform::Bitmap& bitmap) override { pictures.push_back(bitmap); }
+  void setPicture(const platform::Bitmap& bitmap) override {
+    if (outOfMemory) throw std::bad_alloc();
+    pictures.push_back(bitmap);
+  }
 };
 
 // Its files tell the picture's size alone.

@@ -112,6 +112,21 @@ TEST_F(FileNameBoxTest, AChosenFilesNameIsNotMade) {
   EXPECT_FALSE(name_.isMade());
 }
 
+TEST_F(FileNameBoxTest, ATypedNameKeepsLettersThatTheBoxHasNoCodeFor) {
+  box_.type("日本");
+  EXPECT_EQ(name_.name(), "日本");
+  box_.type("中国");
+  EXPECT_EQ(name_.name(), "中国");
+}
+
+TEST_F(FileNameBoxTest, AChosenFilesNameGivesWayToOneTypedOfOtherSuchLetters) {
+  name_.make("Wfm_", ".wfm");
+  name_.show("日本");
+  box_.type("中国");
+  EXPECT_EQ(name_.name(), "中国");
+  EXPECT_FALSE(name_.isMade());
+}
+
 TEST_F(FileNameBoxTest, AChosenFilesNameStaysWhatItIsUntilItIsEdited) {
   name_.show("한 µ");
   EXPECT_EQ(box_.text(), "? \xB5");

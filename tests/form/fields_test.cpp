@@ -90,8 +90,24 @@ TEST(TextBox, ATypedLetterOutsideTheCodePageLeavesTheTextIncomplete) {
   view.changes.clear();
   box.setText("1.5?");
   EXPECT_TRUE(box.complete());
-  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(changes, 2);
   EXPECT_EQ(view.changes, Names{"txtLog_0"});
+}
+
+TEST(TextBox, OtherLettersOutsideTheCodePageAreAnotherText) {
+  Form form("window");
+  TextBox box(form, "txtFn_0");
+  int changes = 0;
+  box.onChange = [&] { ++changes; };
+  box.setUtf8("日本");
+  box.type("中国");
+  box.type("中国");
+  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(box.utf8(), "中国");
+  EXPECT_EQ(box.text(), "??");
+  EXPECT_FALSE(box.complete());
+  box.setText("2\xB5V");
+  EXPECT_EQ(box.utf8(), "2µV");
 }
 
 TEST(TextBox, TypedLettersAreBytesOfTheCodePage) {

@@ -191,6 +191,18 @@ TEST_F(GridTest, TheTopRowIsOneOfTheRowsBelowTheHeader) {
   EXPECT_EQ(grid_.topRow(), 1);
 }
 
+TEST_F(GridTest, TheNewestRowIsOneOfTheRowsBelowTheHeader) {
+  EXPECT_EQ(grid_.newestRow(), 0);
+  grid_.setNewestRow(2);
+  EXPECT_EQ(grid_.newestRow(), 2);
+  EXPECT_EQ(view_.changes, Names{"grdLog"});
+  for (const int row : {-1, 0, 3}) {
+    expectFault(FaultKind::kPropertyValue, [&] { grid_.setNewestRow(row); });
+  }
+  EXPECT_EQ(grid_.newestRow(), 2);
+  EXPECT_EQ(grid_.topRow(), 1);
+}
+
 TEST_F(GridTest, TheTopRowFollowsWhenItsRowGoes) {
   grid_.setTopRow(2);
   grid_.setRows(2);

@@ -37,6 +37,15 @@ TEST_F(RecordList, ScrollsByOneBelowRowTenAsFarAsItGoes) {
   EXPECT_EQ(list_.topRow(), 12);
 }
 
+TEST_F(RecordList, ARecordAndAnEndMarkAreTheNewestRow) {
+  followRecord(list_, 3);
+  EXPECT_EQ(list_.newestRow(), 3);
+  followRecord(list_, 11);
+  EXPECT_EQ(list_.newestRow(), 11);
+  markEnd(list_, 20, kEndOfPoll);
+  EXPECT_EQ(list_.newestRow(), 20);
+}
+
 TEST_F(RecordList, AnEndMarkStandsInTheColumnOfTheTimes) {
   markEnd(list_, 4, kEndOfData);
   EXPECT_EQ(list_.text(4, 1), "--EOD---");

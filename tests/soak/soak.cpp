@@ -39,7 +39,8 @@ constexpr std::chrono::seconds kBusy{60};
 
 // Every fifth session is long, so that what grows within one is seen.
 SessionPlan planFor(std::uint64_t seed, int session) {
-  constexpr Model kModels[] = {Model::kK7310, Model::kK7310, Model::kK7310, Model::kK7210, Model::kK7900};
+  constexpr Model kModels[] = {Model::kK7310, Model::kK7310, Model::kK7310,
+                               Model::kK7210, Model::kK7201, Model::kK7900};
   constexpr int kBauds[] = {9600, 9600, 4800, 2400};
   Dice dice{seed, static_cast<std::uint64_t>(session)};
   const bool longOne = session % 5 == 1;

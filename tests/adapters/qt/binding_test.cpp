@@ -207,6 +207,37 @@ TEST_F(BindingOf, ARunningTimerTicksByItself) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return instrument.commandCount() > before + 3; }, 2000));
 }
 
+TEST_F(BindingOf, AnAssistiveTechnologyTogglesButtonsWithoutAClick) {
+  find<QAbstractButton>("chkVac_0")->toggle();
+  EXPECT_EQ(form().chkVac[0].value(), find<QAbstractButton>("chkVac_0")->isChecked() ? 1 : 0);
+  const std::string sent = lastCommand();
+  find<QAbstractButton>("optTS_1")->toggle();
+  EXPECT_TRUE(form().optTS[1].value());
+  EXPECT_NE(lastCommand(), sent);
+}
+
+TEST_F(BindingOf, WhatAnAssistiveTechnologyDoesWhileTheWindowOnlyPaintsWaits) {
+  const std::function<void()> acts[] = {
+      [this] { find<QSlider>("sldPosH")->setValue(find<QSlider>("sldPosH")->value() + 1); },
+      [this] { find<QAbstractButton>("cmdVu_0")->click(); },
+      [this] { find<QAbstractButton>("chkVac_0")->toggle(); },
+      [this] { find<QAbstractButton>("optTS_1")->toggle(); },
+      [this] { find<QAction>("mnuSmm_1")->trigger(); },
+      [this] { find<QTabBar>("SSTab1")->setCurrentIndex(1); },
+  };
+  for (const auto& act : acts) {
+    const std::uint64_t before = instrument.commandCount();
+    {
+      const adapters::ModalGate::Painting painting(gate);
+      act();
+      turn();
+      EXPECT_EQ(instrument.commandCount(), before);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return instrument.commandCount() > before; }, 30000)) << &act - acts;
+  }
+  EXPECT_TRUE(messages.seen.empty());
+}
+
 TEST_F(BindingOf, TheCaptionOfTheWindowFollowsTheIdentity) {
   program().interpreter.dspSinf("sid:Bench two");
   EXPECT_EQ(window().windowTitle(), QStringLiteral("Bench two"));

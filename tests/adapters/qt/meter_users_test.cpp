@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTableView>
 #include <algorithm>
@@ -73,6 +74,35 @@ TEST_F(MeterUser, RecordsARunAndDownloadsIt) {
   EXPECT_EQ(cell(10, 3), "DCV");
   EXPECT_EQ(cell(11, 1), "--EOD---");
   EXPECT_TRUE(messages.seen.empty());
+}
+
+TEST_F(MeterUser, SeesEachRecordAsItComesUntilTurningToEarlierOnes) {
+  chooseMode(0);
+  auto* const list = find<QTableView>("grdLog");
+  const auto sees = [&](int row) {
+    const QRect place = list->visualRect(list->model()->index(row - 1, 0));
+    return place.isValid() && list->viewport()->rect().contains(place);
+  };
+  click("chkLog1");
+  for (int i = 0; i < 40; ++i) {
+    poll(1);
+    const int row = program().state.logRow - 1;
+    EXPECT_TRUE(row < 1 || sees(row)) << row;
+  }
+  ASSERT_GT(program().state.logRow, 15);
+
+  list->verticalScrollBar()->setValue(1);
+  poll(10);
+  EXPECT_TRUE(sees(2));
+  EXPECT_FALSE(sees(program().state.logRow - 1));
+
+  list->scrollToBottom();
+  poll(10);
+  EXPECT_TRUE(sees(program().state.logRow - 1));
+
+  click("chkLog1");
+  click("cmdLog_1");
+  EXPECT_TRUE(sees(1));
 }
 
 TEST_F(MeterUser, EndsADownloadHalfwayAndKeepsWhatCame) {

@@ -81,6 +81,18 @@ TEST_F(PaintingFiles, OutcomesAndBytesArePassedThrough) {
   EXPECT_EQ(painting.replace("f/b", "third"), FileReplace::kNoSpace);
 }
 
+TEST_F(PaintingFiles, ACallThatIsAskedForDuringAnotherIsMadeAfterIt) {
+  files.files = {{"f/a", "bytes"}};
+  std::string within;
+  const Turns turns(held, [&] {
+    held.release();
+    within = painting.read("f/a", 5).bytes;
+  });
+  EXPECT_EQ(painting.replace("f/b", "other"), FileReplace::kDone);
+  EXPECT_EQ(within, "bytes");
+  EXPECT_EQ(files.files.at("f/b"), "other");
+}
+
 TEST_F(PaintingFiles, MemoryThatRunsOutInACallIsTheCallers) {
   held.outOfMemory = true;
   EXPECT_THROW(painting.read("f/a", 5), std::bad_alloc);
