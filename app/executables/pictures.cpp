@@ -11,6 +11,7 @@ constexpr int kOhm = 2;       // list position
 constexpr int kExternal = 2;  // trigger source
 constexpr int kFullTrend = 119;
 constexpr int kRecords = 16;
+constexpr int kSettling = 5;  // looks
 
 enum Mode { kDataLogger, kRecord, kRelative, kCompare, kTrend };
 
@@ -24,9 +25,9 @@ class Pictures {
   }
 
   bool take() {
-    return picture("scope-disconnected") && connectAndStart() && picture("scope-live") && showReference() &&
-           picture("scope-reference") && external() && picture("scope-external-trigger") && ohm() &&
-           picture("scope-ohm") && showMeter() && recordRun() && picture("meter-data-logger") &&
+    return settle() && picture("scope-disconnected") && connectAndStart() && picture("scope-live") &&
+           showReference() && picture("scope-reference") && external() && picture("scope-external-trigger") &&
+           ohm() && picture("scope-ohm") && showMeter() && recordRun() && picture("meter-data-logger") &&
            statistics(kRecord) && picture("meter-record") && statistics(kRelative) &&
            picture("meter-relative") && setUp() && picture("meter-set-up") && statistics(kCompare) &&
            picture("meter-compare") && trendRun() && picture("meter-trend") && viewer();
@@ -34,6 +35,12 @@ class Pictures {
 
  private:
   bool picture(const char* name) { return window_.picture(QLatin1String(name) + suffix_); }
+
+  // The window takes the size that it wants at its first turns.
+  bool settle() {
+    int looks = 0;
+    return window_.waitFor([&looks] { return ++looks > kSettling; });
+  }
 
   // Waits until the program has shown what the instrument sent after now.
   bool nextFrames(std::uint64_t count = 4) {
@@ -111,6 +118,7 @@ class Pictures {
 
   bool viewer() {
     window_.form().SSTab1.setTab(0);
+    startSampling();
     if (!nextFrames()) {
       return false;
     }
