@@ -176,7 +176,7 @@ TEST_F(EdgeSliderOnTheScope, AMoveThatAFailureOvertakesIsTakenBackWithoutASecond
     endpoint.unplug();
     tick();
     QTest::mouseRelease(&position, Qt::LeftButton, {}, from + QPoint(0, 24));
-    QTest::qWait(2 * EdgeSlider::kSettled);
+    letHappen(std::chrono::milliseconds(2 * EdgeSlider::kSettled));
     EXPECT_EQ(messages.seen.size(), told + 1);
     EXPECT_FALSE(position.moving());
     EXPECT_EQ(position.value(), before);

@@ -109,7 +109,7 @@ TEST(PatientTimer, RingsOnceHoweverOftenItIsAskedFor) {
   timer.start();
   EXPECT_EQ(rings, 0);
   EXPECT_TRUE(QTest::qWaitFor([&] { return rings > 0; }, kFilesLimit));
-  QTest::qWait(5);
+  letHappen();
   EXPECT_EQ(rings, 1);
 }
 
@@ -128,11 +128,14 @@ TEST(PatientTimer, WaitsWhileTheWindowsOnlyPaint) {
 TEST(PatientTimer, RingsNoMoreOnceItIsStopped) {
   adapters::ModalGate gate;
   int rings = 0;
+  bool laterRang = false;
   adapters::PatientTimer timer(gate, [&] { ++rings; });
+  adapters::PatientTimer later(gate, [&] { laterRang = true; });
   timer.start();
+  later.start();
   adapters::paintingTurn(gate);
   timer.stop();
-  QTest::qWait(5);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return laterRang; }, kFilesLimit));
   EXPECT_EQ(rings, 0);
 }
 
@@ -143,7 +146,7 @@ TEST(RunLater, DoesNothingForAnOwnerThatIsGone) {
     QObject owner;
     adapters::runLater(gate, owner, [&] { ++runs; });
   }
-  QTest::qWait(5);
+  letHappen();
   EXPECT_EQ(runs, 0);
 }
 
@@ -161,7 +164,7 @@ TEST(ViewerWhileTheWindowsOnlyPaint, ItsClosingAndItsMenusWait) {
     const adapters::ModalGate::Painting painting(gate);
     clear->trigger();
     viewer.close();
-    QTest::qWait(20);
+    letHappen();
     EXPECT_TRUE(commands.empty());
     EXPECT_EQ(unloads, 0);
   }

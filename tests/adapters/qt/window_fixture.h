@@ -4,8 +4,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QTest>
+#include <QTimer>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -18,6 +21,18 @@
 #include "tests/fakes/fake_serial_port.h"
 
 namespace vireon::tests {
+
+// Turns the event loop until a timer that is started now has rung: whatever was posted, or due before it, has
+// happened by then, however slow the machine is.
+inline void letHappen(std::chrono::milliseconds due = {}) {
+  QEventLoop loop;
+  QTimer last;
+  last.setSingleShot(true);
+  last.setTimerType(Qt::PreciseTimer);
+  QObject::connect(&last, &QTimer::timeout, &loop, &QEventLoop::quit);
+  last.start(due);
+  loop.exec();
+}
 
 // Answers every message box as soon as it is shown, and remembers what it said.
 class MessageWatcher : public QObject {
