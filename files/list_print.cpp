@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "files/time_text.h"
+#include "protocol/trend_plot.h"
 
 namespace vireon::files {
 namespace {
@@ -68,8 +69,7 @@ void ListPrint::connectEvents() {
 
 void ListPrint::cmdLprt_Click() {
   if (form_.panTrd.visible()) {
-    form_.picTrd.cls();
-    form_.barTrd.setValue(0);
+    protocol::clearTrend(form_);
     return;
   }
   const int rows = form_.grdLog.columns() < 4 ? 0 : printedRows(form_.grdLog);

@@ -1,12 +1,12 @@
 #include "files/trend_commands.h"
 
 #include "files/trend_file.h"
+#include "protocol/trend_plot.h"
 
 namespace vireon::files {
 namespace {
 
 constexpr std::size_t kLargestTrendFile = 1U << 20U;
-constexpr int kFull = kTrendPoints - 1;  // value of barTrd, the number of the last point from 0
 
 }  // namespace
 
@@ -14,8 +14,9 @@ void TrendCommands::save() {
   if (name_.empty() || name_.isMade()) {
     name_.make("Trd_", kExtension);
   }
-  if (form_.barTrd.value() != kFull) {
-    folder_.say("Not saved: the trend plot has " + std::to_string(points()) + " of its 120 points");
+  if (form_.barTrd.value() != protocol::kLastTrendPoint) {
+    folder_.say("Not saved: the trend plot has " + std::to_string(points()) + " of its " +
+                std::to_string(protocol::kTrendPoints) + " points");
     return;
   }
   if (folder_.allows(name_.name())) {
@@ -43,8 +44,7 @@ void TrendCommands::write() {
 }
 
 void TrendCommands::load(const std::string& path) {
-  form_.picTrd.cls();
-  form_.barTrd.setValue(0);
+  protocol::clearTrend(form_);
   const auto file = folder_.read(path, kLargestTrendFile);
   if (!file) {
     return;

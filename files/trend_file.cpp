@@ -3,18 +3,18 @@
 #include <cmath>
 #include <initializer_list>
 
+#include "protocol/trend_plot.h"
+
 namespace vireon::files {
 namespace {
+
+using protocol::kTrendPoints;
 
 std::string printed(const protocol::TrendPoint& point) {
   if (const auto* text = std::get_if<std::string>(&point)) {
     return listCaption(*text);
   }
   return listNumber(protocol::numberOf(point));
-}
-
-int yOf(const protocol::TrendPoint& point) {
-  return 1260 - static_cast<int>(std::lround(30.0 * protocol::numberOf(point)));
 }
 
 }  // namespace
@@ -56,11 +56,9 @@ ListReadResult readTrend(std::string_view file, form::MainForm& form, protocol::
 }
 
 void drawTrend(form::MainForm& form, const protocol::InstrumentState& state) {
-  for (int k = 1; k < kTrendPoints; ++k) {
-    const auto point = static_cast<std::size_t>(k);
-    form.picTrd.line(30 * (k - 1) + 750, yOf(state.trdBuf[point - 1]), 30 * k + 750, yOf(state.trdBuf[point]),
-                     form::kRed);
-    form.barTrd.setValue(k);
+  for (int point = 1; point < kTrendPoints; ++point) {
+    protocol::drawTrendLine(form, state, point);
+    form.barTrd.setValue(point);
   }
 }
 

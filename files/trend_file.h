@@ -9,8 +9,6 @@
 
 namespace vireon::files {
 
-inline constexpr int kTrendPoints = 120;
-
 // Points beyond this, in either direction, are none of a plot.
 inline constexpr double kLargestTrendPoint = 32767;
 

@@ -3,12 +3,13 @@
 #include "files/trend_file.h"
 #include "fuzz/arena.h"
 #include "fuzz/saved_file_rig.h"
+#include "protocol/trend_plot.h"
 
 namespace {
 
-using vireon::files::kTrendPoints;
 using vireon::fuzz::require;
 using vireon::fuzz::SavedFileRig;
+using vireon::protocol::kTrendPoints;
 
 // A trend plot that was loaded is saved and loaded again without a difference.
 void fuzzTrend(SavedFileRig& rig, const std::string& content) {

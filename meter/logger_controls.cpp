@@ -5,12 +5,12 @@
 #include "link/at_end.h"
 #include "meter/parameter_check.h"
 #include "protocol/reply_text.h"
+#include "protocol/trend_plot.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::meter {
 namespace {
 
-constexpr int kTrendFull = 119;  // value of barTrd when the plot holds its 120 points
 constexpr int kLastMemory = 15;
 constexpr int kDataLogger = 0;  // list positions of cmbDmod
 constexpr int kTrendPlot = 4;
@@ -67,7 +67,7 @@ void LoggerControls::chkLog1_Click() {
 }
 
 void LoggerControls::record() {
-  if (form_.panTrd.visible() && form_.barTrd.value() == kTrendFull) {
+  if (form_.panTrd.visible() && form_.barTrd.value() == protocol::kLastTrendPoint) {
     form_.cmdLoad[1].setEnabled(true);
     form_.StatusBar1.setPanel(1, "The trend plot is full: press \"Clr\" first");
     return;

@@ -6,6 +6,7 @@
 
 #include "meter/panel_layouts.h"
 #include "meter/parameter_check.h"
+#include "protocol/trend_plot.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::meter {
@@ -43,14 +44,9 @@ void MeterControls::connectEvents() {
   form_.cmdClock.onClick = [this] { cmdClock_Click(); };
 }
 
-void MeterControls::clearTrend() {
-  form_.picTrd.cls();
-  form_.barTrd.setValue(0);
-}
-
 void MeterControls::optFun_Click(int index) {
   if (trendPlot()) {
-    clearTrend();
+    protocol::clearTrend(form_);
   }
   if (state_.logEnd) {
     form_.cmdLoad[1].setEnabled(true);
@@ -88,7 +84,7 @@ void MeterControls::mrgUD_Click(int index) {
 
 void MeterControls::chkDmAt_Click() {
   if (trendPlot()) {
-    clearTrend();
+    protocol::clearTrend(form_);
   }
   if (!state_.uiBusy) {
     link_.transUsbOnly(form_.chkDmAt.value() == 1 ? "DRGat;DRG??" : "DRGmn;DRG??");

@@ -32,7 +32,6 @@ class MeterControls {
 
  private:
   bool trendPlot() const { return form_.cmbDmod.listIndex() == 4; }
-  void clearTrend();
   void sendReferenceOrLimits();
 
   form::MainForm& form_;

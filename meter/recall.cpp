@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "protocol/trend_plot.h"
+
 namespace vireon::meter {
 namespace {
 
@@ -20,8 +22,7 @@ link::Outcome Recall::clearList() {
   const link::Outcome outcome = link_.ask(kRewindAndStatus);
   if (outcome == link::Outcome::kAnswered) {
     listing_.prepare();
-    form_.picTrd.cls();
-    form_.barTrd.setValue(0);
+    protocol::clearTrend(form_);
   }
   return outcome;
 }

@@ -19,8 +19,8 @@ struct ScaleLabels {
 
 // What no control holds of the instrument's state, and the flags that the handlers share.
 struct InstrumentState {
-  static constexpr int kBufferSize = 601;  // bytes of one frame, STX at index 0
-  static constexpr int kTrendPoints = 121;
+  static constexpr int kBufferSize = 601;   // bytes of one frame, STX at index 0
+  static constexpr int kTrendBuffer = 121;  // trend points by number, 0 to 120
 
   std::array<std::uint8_t, kBufferSize> rxBuf{};  // text at 1 to rxLen; older bytes stay beyond
   int rxLen = 0;                                  // text bytes; while a link collects, its next index
@@ -32,7 +32,7 @@ struct InstrumentState {
   bool logEnd = false;      // end of the logger data reached
   bool memFull = false;     // status bit 6 seen while a logging mode is shown
   int trdCnt = 0;           // number of the trend point last received
-  std::array<TrendPoint, kTrendPoints> trdBuf{};
+  std::array<TrendPoint, kTrendBuffer> trdBuf{};
 
   bool logTransfer = false;   // a download or another long work runs; the poll rests
   bool trgLevelSync = false;  // a "trg" reply also moves the trigger-level slider

@@ -1,23 +1,13 @@
-#include <cmath>
-
 #include "form/text_encoding.h"
 #include "protocol/record_list.h"
 #include "protocol/reply_interpreter.h"
 #include "protocol/reply_text.h"
+#include "protocol/trend_plot.h"
 
 namespace vireon::protocol {
 namespace {
 
-constexpr int kLastTrendPoint = 119;  // completes a run of 120 points
-constexpr int kTrendMode = 5;         // mode digit of "dfn"
-
-int trendX(int point) {
-  return 750 + 30 * point;
-}
-
-int trendY(const TrendPoint& point) {
-  return 1260 - static_cast<int>(std::lround(30.0 * numberOf(point)));
-}
+constexpr int kTrendMode = 5;  // mode digit of "dfn"
 
 }  // namespace
 
@@ -38,8 +28,7 @@ void ReplyInterpreter::trendPoint(std::string_view item) {
   }
   state_.trdBuf[point] = "&H" + std::string(slice(item, 9, 10));
   if (point != 0) {
-    form_.picTrd.line(trendX(state_.trdCnt - 1), trendY(state_.trdBuf[point - 1]), trendX(state_.trdCnt),
-                      trendY(state_.trdBuf[point]), form::kRed);
+    drawTrendLine(form_, state_, state_.trdCnt);
   }
   if (state_.trdCnt == kLastTrendPoint && effects.saveTrd) {
     effects.saveTrd();
@@ -102,8 +91,7 @@ void ReplyInterpreter::enterTrendMode() {
   form_.optFmt[0].setVisible(false);
   form_.optFmt[1].setVisible(false);
   form_.cmdLprt.setCaption("Clr");
-  form_.picTrd.cls();
-  form_.barTrd.setValue(0);
+  clearTrend(form_);
 }
 
 void ReplyInterpreter::enterListMode() {

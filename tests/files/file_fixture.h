@@ -9,6 +9,7 @@
 #include "files/trend_file.h"
 #include "meter/panel_layouts.h"
 #include "protocol/reply_dispatcher.h"
+#include "protocol/trend_plot.h"
 #include "scope/scale_tables.h"
 #include "tests/fakes/fake_compound_files.h"
 #include "tests/fakes/fake_document_opener.h"
@@ -65,7 +66,7 @@ class FileFixture : public ConnectionFixture {
 
   // A full plot of points "&H00" to "&H77".
   void fillTrend() {
-    for (int point = 0; point < files::kTrendPoints; ++point) {
+    for (int point = 0; point < protocol::kTrendPoints; ++point) {
       const std::string digits{"0123456789ABCDEF"[point / 16], "0123456789ABCDEF"[point % 16]};
       state.trdBuf[static_cast<std::size_t>(point)] = "&H" + digits;
     }

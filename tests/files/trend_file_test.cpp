@@ -4,8 +4,12 @@
 
 #include <string>
 
+#include "protocol/trend_plot.h"
+
 namespace vireon::files {
 namespace {
+
+using protocol::kTrendPoints;
 
 class TrendFile : public testing::Test {
  protected:
