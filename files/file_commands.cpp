@@ -3,14 +3,9 @@
 #include <algorithm>
 
 #include "meter/panel_layouts.h"
+#include "protocol/logger_mode.h"
 
 namespace vireon::files {
-namespace {
-
-constexpr int kTrendMode = 4;  // list position of cmbDmod
-constexpr int kListMode = 0;
-
-}  // namespace
 
 struct FileCommands::KindTexts {
   Kind kind;
@@ -59,7 +54,7 @@ void FileCommands::cmdSave_Click(int index) {
   }
   if (index == 0) {
     waveforms_.arm();
-  } else if (parts_.form.cmbDmod.listIndex() == kTrendMode) {
+  } else if (parts_.form.cmbDmod.listIndex() == protocol::kTrendPlot) {
     trends_.save();
   } else if (parts_.form.optFmt[0].value()) {
     lists_.save();
@@ -150,8 +145,8 @@ void FileCommands::showPanel(Kind kind) {
     return;
   }
   const bool trend = kind == Kind::kTrend;
-  if (form.panTrd.visible() != trend || (form.cmbDmod.listIndex() == kTrendMode) != trend) {
-    const int mode = trend ? kTrendMode : kListMode;
+  if (form.panTrd.visible() != trend || (form.cmbDmod.listIndex() == protocol::kTrendPlot) != trend) {
+    const int mode = trend ? protocol::kTrendPlot : protocol::kDataLogger;
     form.cmbDmod.setListIndex(mode);
     meter::setSubPan(form, mode);
     trend ? parts_.interpreter.enterTrendMode() : parts_.interpreter.enterListMode();

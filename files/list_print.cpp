@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "files/time_text.h"
+#include "protocol/record_list.h"
 #include "protocol/trend_plot.h"
 
 namespace vireon::files {
@@ -13,7 +14,6 @@ namespace {
 constexpr double kGap = 360;           // twips between two columns
 constexpr double kNarrowest = 900;     // twips of a column without its gap
 constexpr int kRowsBetweenLooks = 50;  // at the progress and at "Cancel"
-constexpr std::string_view kEndOfData = "--EOD---";
 
 using TabStops = std::array<double, 5>;  // twips; the last is the right edge
 
@@ -49,10 +49,10 @@ void drawLine(platform::PrintDocument& document, const TabStops& stops, double y
 
 int printedRows(const form::Grid& list) {
   for (int row = 0; row < list.rows(); ++row) {
-    if (list.text(row, 2).empty()) {
+    if (list.text(row, protocol::kReadingColumn).empty()) {
       return row;
     }
-    if (list.text(row, 1) == kEndOfData) {
+    if (list.text(row, protocol::kTimeColumn) == protocol::kEndOfData) {
       return row + 1;
     }
   }
@@ -60,7 +60,8 @@ int printedRows(const form::Grid& list) {
 }
 
 ListLine printedLine(const form::Grid& list, int row) {
-  return {list.text(row, 0), timeText(list.text(row, 1)), list.text(row, 2), list.text(row, 3)};
+  return {list.text(row, protocol::kRecordColumn), timeText(list.text(row, protocol::kTimeColumn)),
+          list.text(row, protocol::kReadingColumn), list.text(row, protocol::kRemarkColumn)};
 }
 
 void ListPrint::connectEvents() {

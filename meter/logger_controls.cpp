@@ -4,6 +4,7 @@
 
 #include "link/at_end.h"
 #include "meter/parameter_check.h"
+#include "protocol/logger_mode.h"
 #include "protocol/reply_text.h"
 #include "protocol/trend_plot.h"
 #include "protocol/vocabulary.h"
@@ -11,9 +12,10 @@
 namespace vireon::meter {
 namespace {
 
+using protocol::kDataLogger;
+using protocol::kTrendPlot;
+
 constexpr int kLastMemory = 15;
-constexpr int kDataLogger = 0;  // list positions of cmbDmod
-constexpr int kTrendPlot = 4;
 
 }  // namespace
 

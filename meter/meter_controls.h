@@ -5,6 +5,7 @@
 #include "platform/message_box.h"
 #include "platform/wall_clock.h"
 #include "protocol/instrument_state.h"
+#include "protocol/logger_mode.h"
 
 namespace vireon::meter {
 
@@ -31,7 +32,7 @@ class MeterControls {
   void cmdClock_Click();
 
  private:
-  bool trendPlot() const { return form_.cmbDmod.listIndex() == 4; }
+  bool trendPlot() const { return form_.cmbDmod.listIndex() == protocol::kTrendPlot; }
   void sendReferenceOrLimits();
 
   form::MainForm& form_;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "link/window_state.h"
+#include "protocol/logger_mode.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::meter {
@@ -19,7 +20,7 @@ constexpr SettingsLayout kDataLoggerLayout{
 constexpr SettingsLayout kTrendPlotLayout{
     {"Plot Mode:", "Offset:", "V/Division:", "H/Division:"}, {"Line", "Dot"}, true};
 
-// Captions of lblXrdg by the mode from RECORD MODE (1) on.
+// Captions of lblXrdg by the mode from kRecordMode on.
 constexpr const char* kStatistics[3][5] = {
     {"MAX:", "AVG:", "MIN:", "Total Samples:", "Elapsed Time:"},
     {"REF:", "DIF:", "ERR:", "Mean ERR:", "Elapsed Time:"},
@@ -42,15 +43,15 @@ void showSettings(form::MainForm& form, const SettingsLayout& layout) {
 
 void showStatistics(form::MainForm& form, int mode) {
   for (int label = 0; label < form.lblXrdg.size(); ++label) {
-    form.lblXrdg[label].setCaption(kStatistics[mode - 1][label]);
+    form.lblXrdg[label].setCaption(kStatistics[mode - protocol::kRecordMode][label]);
   }
-  if (mode != 1) {
-    const bool limits = mode == 3;
+  if (mode != protocol::kRecordMode) {
+    const bool limits = mode == protocol::kCompareMode;
     form.lblSet[0].setCaption(limits ? "HI Limit:" : "Reference:");
     form.lblSet[1].setVisible(limits);
     form.txtSet[1].setVisible(limits);
   }
-  form.cmdSetup.setEnabled(mode != 1);
+  form.cmdSetup.setEnabled(mode != protocol::kRecordMode);
   form.picSwin[1].setVisible(true);
 }
 
@@ -72,9 +73,9 @@ void setSubPan(form::MainForm& form, int mode) {
   form.picSwin[0].setVisible(false);
   form.picSwin[1].setVisible(false);
   form.picSet.setVisible(false);
-  if (mode == 0 || mode == 4) {
-    showSettings(form, mode == 0 ? kDataLoggerLayout : kTrendPlotLayout);
-  } else if (mode >= 1 && mode <= 3) {
+  if (mode == protocol::kDataLogger || mode == protocol::kTrendPlot) {
+    showSettings(form, mode == protocol::kDataLogger ? kDataLoggerLayout : kTrendPlotLayout);
+  } else if (mode >= protocol::kRecordMode && mode <= protocol::kCompareMode) {
     showStatistics(form, mode);
   }
 }

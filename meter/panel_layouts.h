@@ -9,7 +9,7 @@ namespace vireon::meter {
 // Shows the panels of the present tab; a tab other than 0 and 1 leaves them alone.
 void setTabPan(form::MainForm& form);
 
-// Lays the logger panel out for a mode, 0 to 4 in the order of cmbDmod; another one hides both sub-windows.
+// Lays the logger panel out for a LoggerMode; another number hides both sub-windows.
 // The set-up box is closed.
 void setSubPan(form::MainForm& form, int mode);
 

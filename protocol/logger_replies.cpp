@@ -1,15 +1,11 @@
 #include "form/text_encoding.h"
+#include "protocol/logger_mode.h"
 #include "protocol/record_list.h"
 #include "protocol/reply_interpreter.h"
 #include "protocol/reply_text.h"
 #include "protocol/trend_plot.h"
 
 namespace vireon::protocol {
-namespace {
-
-constexpr int kTrendMode = 5;  // mode digit of "dfn"
-
-}  // namespace
 
 void ReplyInterpreter::drt(std::string_view item, int /*byte*/) {
   if (form_.panTrd.visible()) {
@@ -56,18 +52,19 @@ void ReplyInterpreter::dfn(std::string_view item, int byte) {
   form_.posDV[1].setVisible(!state_.ohmBz);
   form_.lblSinf[1].setVisible(!state_.ohmBz);
   form_.optFun[decimalValue(slice(item, 6, 6))].setValue(true);
-  const int mode = decimalValue(slice(item, 5, 5));
-  if (mode == 0) {
+  const int digit = decimalValue(slice(item, 5, 5));
+  if (digit == 0) {
     showTab(0);
     showRecording(form_, false);
     return;
   }
   showTab(1);
-  form_.cmbDmod.setListIndex(mode - 1);
+  const int mode = digit - 1;
+  form_.cmbDmod.setListIndex(mode);
   if (effects.setSubPan) {
-    effects.setSubPan(mode - 1);
+    effects.setSubPan(mode);
   }
-  if (mode == kTrendMode) {
+  if (mode == kTrendPlot) {
     enterTrendMode();
   } else {
     enterListMode();

@@ -1,3 +1,4 @@
+#include "protocol/logger_mode.h"
 #include "protocol/reply_interpreter.h"
 #include "protocol/reply_text.h"
 
@@ -10,7 +11,7 @@ struct Field {
   std::size_t last;
 };
 
-// Fields of "drp" for the labels lblYdg 0 to 4, by the logger mode from RECORD MODE (1) on.
+// Fields of "drp" for the labels lblYdg 0 to 4, by the logger mode from kRecordMode on.
 constexpr Field kResultFields[3][5] = {
     {{5, 21}, {22, 38}, {39, 55}, {56, 61}, {62, 69}},
     {{5, 12}, {13, 20}, {21, 27}, {28, 34}, {35, 42}},
@@ -36,24 +37,24 @@ void ReplyInterpreter::drm(std::string_view item, int /*byte*/) {
 
 void ReplyInterpreter::dps(std::string_view item, int /*byte*/) {
   switch (form_.cmbDmod.listIndex()) {
-    case 0:
+    case kDataLogger:
       form_.optLog[decimalValue(slice(item, 5, 5))].setValue(true);
       form_.txtLog[0].setText(text(item, {7, 11}));
       form_.txtLog[1].setText(text(item, {13, 17}));
       form_.txtLog[2].setText(text(item, {19, 23}));
       break;
-    case 2:
+    case kRelativeMode:
       if (form_.picSet.visible()) {
         form_.txtSet[0].setText(text(item, {5, 12}));
       }
       break;
-    case 3:
+    case kCompareMode:
       if (form_.picSwin[0].visible() || form_.picSet.visible()) {
         form_.txtSet[0].setText(text(item, {5, 12}));
         form_.txtSet[1].setText(text(item, {14, 21}));
       }
       break;
-    case 4:
+    case kTrendPlot:
       trendParameters(item);
       break;
     default:
@@ -80,11 +81,11 @@ void ReplyInterpreter::trendParameters(std::string_view item) {
 
 void ReplyInterpreter::drp(std::string_view item, int /*byte*/) {
   const int mode = form_.cmbDmod.listIndex();
-  if (form_.SSTab1.tab() != 1 || mode < 1 || mode > 3) {
+  if (form_.SSTab1.tab() != 1 || mode < kRecordMode || mode > kCompareMode) {
     return;
   }
   for (int label = 0; label < form_.lblYdg.size(); ++label) {
-    form_.lblYdg[label].setCaption(text(item, kResultFields[mode - 1][label]));
+    form_.lblYdg[label].setCaption(text(item, kResultFields[mode - kRecordMode][label]));
   }
 }
 
@@ -101,10 +102,10 @@ void ReplyInterpreter::sts(std::string_view /*item*/, int byte) {
     return;
   }
   const int mode = form_.cmbDmod.listIndex();
-  if (mode == 1 || mode == 2) {
+  if (mode == kRecordMode || mode == kRelativeMode) {
     showToggle(form_.chkHold, (byte & 1) != 0);
     form_.chkSub.setValue((byte & 8) != 0 ? 1 : 0);
-  } else if (mode == 0 || mode == 4) {
+  } else if (mode == kDataLogger || mode == kTrendPlot) {
     loggingStatus(byte);
   }
 }
