@@ -8,6 +8,7 @@
 #include "link/window_state.h"
 #include "meter/panel_layouts.h"
 #include "protocol/reply_text.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
 #include "scope/scale_tables.h"
 
@@ -56,7 +57,7 @@ bool Program::load() {
   if (!settings_.fileExists(settingsPath_) && !firstRun()) {
     return false;
   }
-  const protocol::UiBusyScope busy(state);
+  const protocol::ScopedFlag busy(state.uiBusy);
   readSettings();
   prepareWindow();
   connection.failuresAreTold = true;

@@ -7,6 +7,7 @@
 #include "link/window_state.h"
 #include "meter/panel_layouts.h"
 #include "protocol/reply_text.h"
+#include "protocol/scoped_flag.h"
 #include "scope/scale_tables.h"
 
 namespace vireon::app {
@@ -70,7 +71,7 @@ void Program::tie() {
   screenPrint.onPicture = [this](capture::Picture picture) { frmCapture.show(std::move(picture)); };
   form.SSTab1.onSwitch = [this] { meter::SSTab1_Switch(form, state, connection); };
   form.SSTab1.onLook = [this] {
-    const protocol::UiBusyScope busy(state);
+    const protocol::ScopedFlag busy(state.uiBusy);
     meter::setTabPan(form);
   };
   form.cmdBttn.onEach(&form::Button::onClick, [this](int index) { connection.cmdBttn_Click(index); });

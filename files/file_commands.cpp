@@ -4,6 +4,7 @@
 
 #include "meter/panel_layouts.h"
 #include "protocol/logger_mode.h"
+#include "protocol/scoped_flag.h"
 
 namespace vireon::files {
 
@@ -138,7 +139,7 @@ void FileCommands::showPanel(Kind kind) {
   if (form.SSTab1.tab() != tab && form.cmdStart.caption() == "Stop") {
     parts_.sampling.cmdStart_Click();
   }
-  const protocol::UiBusyScope busy(parts_.state);
+  const protocol::ScopedFlag busy(parts_.state.uiBusy);
   form.SSTab1.setTab(tab);
   meter::setTabPan(form);
   if (kind == Kind::kWaveform) {

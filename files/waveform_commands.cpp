@@ -5,6 +5,7 @@
 #include <span>
 
 #include "files/waveform_file.h"
+#include "protocol/scoped_flag.h"
 
 namespace vireon::files {
 namespace {
@@ -78,7 +79,7 @@ void WaveformCommands::load(const std::string& path) {
   if (form_.cmdStart.caption() == "Stop") {
     sampling_.cmdStart_Click();
   }
-  const protocol::UiBusyScope busy(state_);
+  const protocol::ScopedFlag busy(state_.uiBusy);
   form_.chkMld.setValue(0);
   try {
     waveform_.dspWfm();

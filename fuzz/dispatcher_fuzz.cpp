@@ -4,6 +4,7 @@
 #include "form/text_encoding.h"
 #include "fuzz/arena.h"
 #include "fuzz/program_rig.h"
+#include "protocol/scoped_flag.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ constexpr std::uint8_t kFrameEnd = 3;
 constexpr std::size_t kLongestText = vireon::protocol::InstrumentState::kBufferSize - 1;
 
 void prepare(Program& program, std::uint8_t setup) {
-  const vireon::protocol::UiBusyScope busy(program.state);
+  const vireon::protocol::ScopedFlag busy(program.state.uiBusy);
   program.form.SSTab1.setTab(setup & kMeterTab);
   program.form.cmbDmod.setListIndex(std::min(4, (setup >> kModeShift) & 7));
   program.form.panTrd.setVisible((setup & kTrendPanel) != 0);

@@ -1,8 +1,8 @@
 #include "link/connection_control.h"
 
 #include "link/advice.h"
-#include "link/flag_scope.h"
 #include "link/window_state.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
@@ -120,7 +120,7 @@ bool ConnectionControl::probeSerial() {
     showAdvice(form_, *advice);
   }
   {
-    const FlagScope probing(serial_.probing);
+    const protocol::ScopedFlag probing(serial_.probing);
     trans_usb(protocol::kQueryFunction);
   }
   while (link_.rxTimeout && !link_.waitEnded) {

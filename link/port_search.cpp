@@ -2,10 +2,10 @@
 #include <utility>
 
 #include "link/at_end.h"
-#include "link/flag_scope.h"
 #include "link/serial_link.h"
 #include "link/window_state.h"
 #include "protocol/reply_text.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
@@ -57,7 +57,7 @@ void SerialLink::com_search() {
   clearAdvice(form_);
   const ShownSearch shown(view_, form_.StatusBar1);
   {
-    const FlagScope searching(link_.portSearch);
+    const protocol::ScopedFlag searching(link_.portSearch);
     for (int pair = 0; pair < kPorts * kRates && !accepted && !link_.waitEnded; ++pair) {
       accepted = tryPair(pair / kRates + 1, pair % kRates + 1);
     }

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "link/at_end.h"
-#include "link/flag_scope.h"
 #include "link/window_state.h"
 #include "protocol/reply_text.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
@@ -96,7 +96,7 @@ bool SerialLink::exchange(const std::string& command) {
 
 // Sends and waits; afterwards one of rxDone, rxEnq and rxTimeout is set.
 void SerialLink::send(const std::string& command) {
-  const FlagScope busy(link_.linkBusy);
+  const protocol::ScopedFlag busy(link_.linkBusy);
   std::vector<std::uint8_t> frame{protocol::kStx};
   frame.reserve(command.size() + 2);
   frame.insert(frame.end(), command.begin(), command.end());
@@ -152,7 +152,7 @@ void SerialLink::Mcom_OnComm() {
 }
 
 void SerialLink::takeArrived() {
-  const FlagScope once(collecting_);
+  const protocol::ScopedFlag once(collecting_);
   do {
     arrivedMeanwhile_ = false;
     showLamps(form_, form::kWhite, form::kGreen);

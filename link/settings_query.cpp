@@ -1,6 +1,6 @@
 #include "link/connection_control.h"
-#include "link/flag_scope.h"
 #include "link/window_state.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::link {
@@ -18,7 +18,7 @@ void ConnectionControl::initCmd(const ErrorRecord& failure) {
   std::string prepared;
   if (form_.SSTab1.tab() != 2) {
     {
-      const FlagScope query(state_.initBusy);
+      const protocol::ScopedFlag query(state_.initBusy);
       trans_usb(protocol::kQueryScope);
     }
     form_.SSTab1.setTab(0);
@@ -30,7 +30,7 @@ void ConnectionControl::initCmd(const ErrorRecord& failure) {
     switchSampling(form_, false);
     prepared = protocol::selectScopeFunction(form_.cmbFun.listIndex());
   }
-  const FlagScope query(state_.initBusy);
+  const protocol::ScopedFlag query(state_.initBusy);
   if (connected() && !prepared.empty()) {
     trans_usb(prepared);
   }

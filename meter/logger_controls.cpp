@@ -6,6 +6,7 @@
 #include "meter/parameter_check.h"
 #include "protocol/logger_mode.h"
 #include "protocol/reply_text.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/trend_plot.h"
 #include "protocol/vocabulary.h"
 
@@ -40,7 +41,7 @@ void LoggerControls::chkLog0_Click() {
     return;
   }
   const link::AtEnd release([this] {
-    const protocol::UiBusyScope busy(state_);
+    const protocol::ScopedFlag busy(state_.uiBusy);
     form_.chkLog0.setValue(0);
   });
   const int mode = form_.cmbDmod.listIndex();
@@ -60,7 +61,7 @@ void LoggerControls::chkLog1_Click() {
   }
   // The user's press counts only as far as the instrument has taken it up.
   const link::AtEnd follow([this] {
-    const protocol::UiBusyScope busy(state_);
+    const protocol::ScopedFlag busy(state_.uiBusy);
     form_.chkLog1.setValue(form_.chkLog1.caption() == "Start" ? 0 : 1);
   });
   if (link_.onUsbOrSaysSo()) {

@@ -43,17 +43,4 @@ struct InstrumentState {
   bool enqSeen = false;       // a refusal was ever seen
 };
 
-// Sets uiBusy for a scope and gives it its former value back.
-class UiBusyScope {
- public:
-  explicit UiBusyScope(InstrumentState& state) : state_(state), former_(state.uiBusy) { state.uiBusy = true; }
-  UiBusyScope(const UiBusyScope&) = delete;
-  UiBusyScope& operator=(const UiBusyScope&) = delete;
-  ~UiBusyScope() { state_.uiBusy = former_; }
-
- private:
-  InstrumentState& state_;
-  bool former_;
-};
-
 }  // namespace vireon::protocol

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "protocol/reply_text.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
 
 namespace vireon::protocol {
@@ -19,17 +20,15 @@ void ReplyDispatcher::dspRcv() {
     state_.enqSeen = true;
     return;
   }
-  state_.uiBusy = true;
+  state_.uiBusy = false;  // as it is to be afterwards, whoever called
+  const ScopedFlag busy(state_.uiBusy);
   try {
     route();
   } catch (const std::bad_alloc&) {
-    state_.uiBusy = false;
     throw;  // nothing that the instrument sent
   } catch (const std::exception&) {
-    state_.uiBusy = false;
     return;
   }
-  state_.uiBusy = false;
 }
 
 void ReplyDispatcher::route() {

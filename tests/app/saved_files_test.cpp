@@ -1,5 +1,6 @@
 #include "files/trend_file.h"
 #include "files/waveform_file.h"
+#include "protocol/scoped_flag.h"
 #include "tests/app/program_bench.h"
 
 namespace vireon::app {
@@ -99,7 +100,7 @@ TEST_F(SavedFiles, APlotThatHasBecomeFullIsSavedByItself) {
 TEST_F(SavedFiles, AListSurvivesTheWayThroughBothFormats) {
   ASSERT_TRUE(program.Form_Load());
   {
-    const protocol::UiBusyScope busy(program.state);
+    const protocol::ScopedFlag busy(program.state.uiBusy);
     form().SSTab1.setTab(1);
   }
   form().SSTab1.onLook();

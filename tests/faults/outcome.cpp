@@ -5,6 +5,7 @@
 #include "app/ini_text.h"
 #include "files/list_text_file.h"
 #include "files/waveform_file.h"
+#include "protocol/scoped_flag.h"
 
 namespace vireon::tests {
 namespace {
@@ -54,7 +55,7 @@ void goLiveAgain(FaultBench& bench) {
 void saveTheList(FaultBench& bench) {
   form::MainForm& form = bench.form();
   {
-    const protocol::UiBusyScope busy(bench.program().state);
+    const protocol::ScopedFlag busy(bench.program().state.uiBusy);
     form.cmbDmod.setListIndex(0);
   }
   form.grdLog.setText(0, 0, "R/No");

@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+#include "protocol/scoped_flag.h"
+
 namespace vireon::tests {
 namespace {
 
@@ -164,14 +166,14 @@ void download(FaultBench& bench) {
 void saveTrend(FaultBench& bench) {
   Form& form = bench.form();
   {
-    const protocol::UiBusyScope busy(bench.program().state);
+    const protocol::ScopedFlag busy(bench.program().state.uiBusy);
     form.cmbDmod.setListIndex(kTrendMode);
     form.barTrd.setValue(119);
   }
   form.txtFn[1].setText("plot");
   bench.click(form.cmdSave[1]);
   {
-    const protocol::UiBusyScope busy(bench.program().state);
+    const protocol::ScopedFlag busy(bench.program().state.uiBusy);
     form.cmbDmod.setListIndex(0);
   }
 }

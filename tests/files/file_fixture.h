@@ -9,6 +9,7 @@
 #include "files/trend_file.h"
 #include "meter/panel_layouts.h"
 #include "protocol/reply_dispatcher.h"
+#include "protocol/scoped_flag.h"
 #include "protocol/trend_plot.h"
 #include "scope/scale_tables.h"
 #include "tests/fakes/fake_compound_files.h"
@@ -36,7 +37,7 @@ class FileFixture : public ConnectionFixture {
     form.SSTab1.onSwitch = [this] { meter::SSTab1_Switch(form, state, connection); };
     sampling.connectEvents();
     commands.connectEvents();
-    const protocol::UiBusyScope busy(state);
+    const protocol::ScopedFlag busy(state.uiBusy);
     scope::initLbl(form, state);
     meter::setTabPan(form);
     for (form::PictureBox* panel : {&form.panTrd, &form.picSet, &form.picSwin[0], &form.picSwin[1]}) {
@@ -52,7 +53,7 @@ class FileFixture : public ConnectionFixture {
 
   // The panels that the user sees, as the instrument's mode or a look at the tabs leaves them.
   void showLogger(int mode = 0) {
-    const protocol::UiBusyScope busy(state);
+    const protocol::ScopedFlag busy(state.uiBusy);
     form.SSTab1.setTab(1);
     meter::setTabPan(form);
     form.cmbDmod.setListIndex(mode);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "files/waveform_file.h"
+#include "protocol/scoped_flag.h"
 #include "tests/files/file_fixture.h"
 
 namespace vireon::files {
@@ -228,7 +229,7 @@ TEST_F(WaveformLoading, StopsSamplingAndEndsARecall) {
   form.cmdStart.setCaption("Stop");
   form.tmrInt.setEnabled(true);
   {
-    const protocol::UiBusyScope busy(state);
+    const protocol::ScopedFlag busy(state.uiBusy);
     form.chkMld.setValue(1);
   }
   load();

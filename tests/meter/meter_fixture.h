@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "protocol/scoped_flag.h"
 #include "scope/scale_tables.h"
 #include "tests/link/connection_fixture.h"
 
@@ -21,7 +22,7 @@ class MeterFixture : public ConnectionFixture {
   // Moves controls as the program itself does.
   template <class Action>
   void quietly(Action&& action) {
-    const protocol::UiBusyScope busy(state);
+    const protocol::ScopedFlag busy(state.uiBusy);
     action();
   }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "protocol/reply_dispatcher.h"
+#include "protocol/scoped_flag.h"
 #include "tests/form/expect_fault.h"
 #include "tests/meter/record_text.h"
 #include "tests/protocol/reply_rig.h"
@@ -157,7 +158,7 @@ TEST_F(Listing, TwoBytesBelow16ShiftTheCodesByAWholeByte) {
 TEST_F(Listing, TheEndRecordEndsTheDataAndItsRemarkStandsInTheRowBelow) {
   form_.chkLog0.setValue(0);
   {
-    const protocol::UiBusyScope busy(state_);
+    const protocol::ScopedFlag busy(state_.uiBusy);
     form_.chkLog0.setValue(1);
   }
   dump(record(1, "  4.80", 'V', '\x95'));

@@ -34,19 +34,5 @@ TEST(InstrumentState, LogRowCountsBeyondSixteenBits) {
   EXPECT_EQ(state.logRow, 32768);
 }
 
-TEST(UiBusyScope, RaisesTheFlagAndGivesItsFormerValueBack) {
-  InstrumentState state;
-  {
-    const UiBusyScope outer(state);
-    EXPECT_TRUE(state.uiBusy);
-    {
-      const UiBusyScope inner(state);
-      EXPECT_TRUE(state.uiBusy);
-    }
-    EXPECT_TRUE(state.uiBusy);
-  }
-  EXPECT_FALSE(state.uiBusy);
-}
-
 }  // namespace
 }  // namespace vireon::protocol

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "protocol/scoped_flag.h"
 #include "scope/scale_tables.h"
 #include "tests/fakes/fake_ports.h"
 #include "tests/fakes/fake_raw_hid.h"
@@ -27,7 +28,7 @@ class SavingProgram {
   SavingProgram(platform::FileStore& files, const std::string& folder)
       : program_(ports_.with(hid_, files), folder) {
     ports_.pump.timeOut = &program_.form.tmrCom;
-    const protocol::UiBusyScope busy(program_.state);
+    const protocol::ScopedFlag busy(program_.state.uiBusy);
     scope::initLbl(program_.form, program_.state);
     for (form::TextBox& box : program_.form.txtFn) {
       box.setText("saved");
@@ -46,7 +47,7 @@ class SavingProgram {
   SaveOutcome save(const std::string& kind) {
     form::MainForm& form = program_.form;
     {
-      const protocol::UiBusyScope busy(program_.state);
+      const protocol::ScopedFlag busy(program_.state.uiBusy);
       form.cmbDmod.setListIndex(kind == ".trd" ? 4 : 0);
     }
     form.optFmt[kind == ".xls" ? 1 : 0].setValue(true);

@@ -8,6 +8,7 @@
 
 #include "adapters/qt/lamp.h"
 #include "link/long_work.h"
+#include "protocol/scoped_flag.h"
 #include "tests/adapters/qt/window_fixture.h"
 
 namespace vireon::tests {
@@ -29,7 +30,7 @@ TEST_F(BindingOf, ACheckBoxFollowsTheReplyOverItsUsersClick) {
   click("chkHat");
   ASSERT_TRUE(find<QAbstractButton>("chkHat")->isChecked());
   {
-    const protocol::UiBusyScope busy(program().state);
+    const protocol::ScopedFlag busy(program().state.uiBusy);
     program().interpreter.dspSinf("hdv:07");
   }
   turn();

@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include "files/waveform_file.h"
+#include "protocol/scoped_flag.h"
 #include "tests/adapters/qt/dialog_user.h"
 #include "tests/adapters/qt/window_fixture.h"
 
@@ -166,7 +167,7 @@ TEST_F(SavedFilesWindow, TheShortcutAsksForAFileOfAnyKind) {
 
 TEST_F(SavedFilesWindow, ANewSpreadsheetIsOpenedByTheDesktop) {
   {
-    const protocol::UiBusyScope busy(program().state);
+    const protocol::ScopedFlag busy(program().state.uiBusy);
     form().SSTab1.setTab(1);
   }
   form().SSTab1.onLook();
