@@ -1,22 +1,10 @@
 #pragma once
 
 #include "bench/bench_rig.h"
+#include "fuzz/absent_hid.h"
 #include "fuzz/require.h"
 
 namespace vireon::fuzz {
-
-// No device; counts how often the program wanted to send.
-class AbsentHid : public platform::RawHid {
- public:
-  std::vector<platform::HidNode> list() override {
-    ++searches;
-    return {};
-  }
-  platform::HidOpenResult open(const platform::HidNode& /*node*/) override {
-    return {nullptr, platform::HidOpenError::kNotFound};
-  }
-  int searches = 0;
-};
 
 // The whole program, started and without an instrument.
 struct ProgramRig {

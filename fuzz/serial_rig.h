@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bench/bench_rig.h"
+#include "fuzz/absent_hid.h"
 #include "fuzz/frame_model.h"
 #include "fuzz/require.h"
 #include "link/connection_control.h"
@@ -109,18 +110,10 @@ class CountedMessages final : public platform::MessageBoxes {
   }
 };
 
-class AbsentDevices final : public platform::RawHid {
- public:
-  std::vector<platform::HidNode> list() override { return {}; }
-  platform::HidOpenResult open(const platform::HidNode& /*node*/) override {
-    return {nullptr, platform::HidOpenError::kNotFound};
-  }
-};
-
 // A disconnected window on the serial link, port 1 at 9600 baud, opened.
 struct SerialRig {
   FrameModel model;
-  AbsentDevices hid;
+  AbsentHid hid;
   CountedMessages messages;
   bench::SilentBeeper beeper;
   bench::NoSearchView searchView;

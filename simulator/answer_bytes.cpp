@@ -14,7 +14,6 @@ constexpr std::uint8_t kStart = CommandCollector::kStart;
 constexpr std::uint8_t kEnd = CommandCollector::kEnd;
 constexpr std::string_view kIdentityKey = "sim:";
 constexpr std::string_view kDumpKey = "lgd:";
-constexpr std::string_view kEndMark = "--EOD---";
 constexpr std::string_view kMadeUpRecord = "00000 00:00:00   0.00V\x95 ";
 constexpr std::string_view kStrayBytes = "\x7F\x01?\x02vda:4";
 
@@ -43,7 +42,7 @@ void spoilDump(std::string& text, const Faults& faults) {
   if (!text.starts_with(kDumpKey)) return;
   if (faults.emptyDump) {
     text = kDumpKey;
-  } else if (faults.endlessDump && text.find(kEndMark) != std::string::npos) {
+  } else if (faults.endlessDump && text.find(Logger::kEndMark) != std::string::npos) {
     text = kDumpKey;
     for (std::size_t i = 0; i < Logger::kRecordsPerDump; ++i) text += kMadeUpRecord;
   }

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "simulator/padding.h"
 #include "simulator/quantity.h"
+#include "simulator/setting_bytes.h"
 
 namespace vireon::simulator {
 namespace {
@@ -15,23 +17,13 @@ constexpr double kTolerance = 1e-6;  // s
 constexpr double kLongestCatchUp = 25000.0;  // s
 constexpr int kPeakReadings = 40;
 constexpr std::size_t kRecordLength = 24;
-constexpr const char* kEndMark = "--EOD---";
 
 std::string padded(int value, std::size_t width) {
-  std::string text = std::to_string(value);
-  text.insert(0, width - std::min(width, text.size()), '0');
-  return text;
+  return zeroPadded(std::to_string(value), width);
 }
 
 std::string endRecord() {
-  std::string text = std::string(6, ' ') + kEndMark;
-  text.resize(kRecordLength, ' ');
-  return text;
-}
-
-std::string hexPoint(int point) {
-  constexpr const char* kDigits = "0123456789ABCDEF";
-  return {kDigits[point / 16], kDigits[point % 16]};
+  return leftAligned(std::string(6, ' ') + Logger::kEndMark, kRecordLength);
 }
 
 }  // namespace
@@ -171,7 +163,7 @@ std::string Logger::nextLive() {
   if (waiting() == 0) return {};
   const std::size_t next = fetched_++;
   if (mode_ == LoggerMode::kTrend) {
-    return padded(static_cast<int>(next), 3) + ":" + hexPoint(points_[next]);
+    return padded(static_cast<int>(next), 3) + ":" + hexByte(static_cast<unsigned>(points_[next]));
   }
   const Record& record = memory_[next];
   return padded(record.address, 5) + record.timeOfDay + listText(record.reading);

@@ -18,6 +18,7 @@ class Logger {
   static constexpr std::size_t kRecordsPerDump = 24;
   static constexpr int kTrendPoints = 120;
   static constexpr int kHighestPoint = 40;
+  static constexpr const char* kEndMark = "--EOD---";  // in the end record, where others have their time
 
   using ReadingAt = std::function<Reading(double seconds)>;
 

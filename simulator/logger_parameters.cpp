@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
+#include "simulator/padding.h"
 #include "simulator/quantity.h"
 
 namespace vireon::simulator {
@@ -76,14 +78,12 @@ bool takeTrend(LoggerParameters& parameters, const std::vector<std::string_view>
          takeQuantity(parameters.trendDivision, fields[2]) && *parseQuantity(fields[2]) > 0.0;
 }
 
-std::string zeroPadded(std::string text) {
-  text.insert(0, kNumberWidth - std::min(text.size(), kNumberWidth), '0');
-  return text;
+std::string numberField(std::string digits) {
+  return zeroPadded(std::move(digits), kNumberWidth);
 }
 
-std::string blankPadded(std::string text) {
-  text.resize(kQuantityWidth, ' ');
-  return text;
+std::string quantityField(std::string quantity) {
+  return leftAligned(std::move(quantity), kQuantityWidth);
 }
 
 }  // namespace
@@ -119,20 +119,20 @@ std::string parameterText(const LoggerParameters& parameters, LoggerMode mode) {
     case LoggerMode::kRecord:
       return {};
     case LoggerMode::kRelative:
-      return blankPadded(parameters.reference);
+      return quantityField(parameters.reference);
     case LoggerMode::kCompare:
-      return blankPadded(parameters.highLimit) + ":" + blankPadded(parameters.lowLimit);
+      return quantityField(parameters.highLimit) + ":" + quantityField(parameters.lowLimit);
     case LoggerMode::kTrend:
-      return std::to_string(parameters.plotMode) + ":" + blankPadded(parameters.trendOffset) + ":" +
-             blankPadded(parameters.trendDivision) + ":" +
+      return std::to_string(parameters.plotMode) + ":" + quantityField(parameters.trendOffset) + ":" +
+             quantityField(parameters.trendDivision) + ":" +
              "0123456789AB"[std::clamp(parameters.trendSpan, 0, kLastSpan)];
     case LoggerMode::kOff:
     case LoggerMode::kDataLogger:
       break;
   }
-  return std::to_string(parameters.method) + ":" + zeroPadded(parameters.sampleTimeText) + ":" +
-         zeroPadded(std::to_string(parameters.firstAddress)) + ":" +
-         zeroPadded(std::to_string(parameters.lastAddress));
+  return std::to_string(parameters.method) + ":" + numberField(parameters.sampleTimeText) + ":" +
+         numberField(std::to_string(parameters.firstAddress)) + ":" +
+         numberField(std::to_string(parameters.lastAddress));
 }
 
 double trendStep(int spanCode) {

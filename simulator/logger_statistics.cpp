@@ -7,6 +7,7 @@
 #include <cstddef>
 
 #include "simulator/logger_parameters.h"
+#include "simulator/padding.h"
 #include "simulator/quantity.h"
 #include "simulator/wall_clock.h"
 
@@ -20,16 +21,6 @@ constexpr const char* kNoReading = "  ------";
 
 double quantityOr0(const std::string& text) {
   return parseQuantity(text).value_or(0.0);
-}
-
-std::string rightAligned(std::string text, std::size_t width) {
-  text.insert(0, width - std::min(width, text.size()), ' ');
-  return text;
-}
-
-std::string leftAligned(std::string text, std::size_t width) {
-  text.resize(width, ' ');
-  return text;
 }
 
 std::string fixed(double value, int decimals) {

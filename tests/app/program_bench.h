@@ -9,6 +9,7 @@
 #include "simulator/instrument.h"
 #include "simulator/usb_endpoint.h"
 #include "tests/app/shown_disconnected.h"
+#include "tests/app/traces_of.h"
 #include "tests/fakes/fake_ports.h"
 
 namespace vireon::tests {
@@ -42,19 +43,8 @@ class ProgramBench : public FakePorts {
 
   void tick() { form().tmrInt.tick(); }
 
-  // What picScope must show of the samples last sent, both channels on.
-  std::vector<form::Line> sentTraces() const {
-    const simulator::Trace& sent = instrument.trace();
-    std::vector<form::Line> lines;
-    for (std::size_t i = 1; i < sent.a.size(); ++i) {
-      const int x = 510 + 30 * static_cast<int>(i);
-      if (sent.a[i] != 240) {
-        lines.push_back({x - 30, 30 * sent.a[i - 1] - 170, x, 30 * sent.a[i] - 170, form::Color{255}});
-      }
-      lines.push_back({x - 30, 30 * sent.b[i - 1] - 170, x, 30 * sent.b[i] - 170, form::Color{65280}});
-    }
-    return lines;
-  }
+  // What picScope must show of the samples last sent.
+  std::vector<form::Line> sentTraces() const { return tracesOf(instrument.trace()); }
 
   std::vector<form::Line> drawn() {
     const auto lines = form().picScope.lines();

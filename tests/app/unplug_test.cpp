@@ -59,46 +59,34 @@ TEST_F(Unplug, AtEveryReportOfALiveFrameLeavesADisconnectedWindowOneMessageAndAC
   }
 }
 
-TEST_F(Unplug, AtEveryReportOfTheConnectingLeavesADisconnectedWindowAndOneMessage) {
-  for (std::size_t report = 1; report <= 2; ++report) {
-    SCOPED_TRACE(report);
-    ProgramBench bench;
-    bench.program.Form_Load();
-    bench.endpoint.setFaults({.unplugAtReport = report});
-    tests::countFault();
-    bench.form().cmdBttn[0].click();
-    expectOneMessage(bench);
-    bench.expectDisconnected();
-    expectCleanReconnect(bench);
-  }
-}
-
-TEST_F(Unplug, AtEveryReportOfTheDisconnectingLeavesADisconnectedWindowAndOneMessage) {
-  for (std::size_t report = 1; report <= 2; ++report) {
-    SCOPED_TRACE(report);
-    ProgramBench bench;
-    bench.goLive();
-    bench.endpoint.setFaults({.unplugAtReport = report});
-    tests::countFault();
-    bench.form().cmdBttn[0].click();
-    expectOneMessage(bench);
-    bench.expectDisconnected();
-    expectCleanReconnect(bench);
-  }
-}
-
-TEST_F(Unplug, AtEveryReportOfAButtonLeavesADisconnectedWindowAndOneMessage) {
-  for (std::size_t report = 1; report <= 2; ++report) {
-    SCOPED_TRACE(report);
-    ProgramBench bench;
+TEST_F(Unplug, AtEveryReportOfAShortExchangeLeavesADisconnectedWindowAndOneMessage) {
+  struct Exchange {
+    const char* name;
+    void (*before)(ProgramBench& bench);
+    void (*press)(form::MainForm& form);
+  };
+  const auto live = [](ProgramBench& bench) {
     bench.goLive();
     bench.tick();
-    bench.endpoint.setFaults({.unplugAtReport = report});
-    tests::countFault();
-    bench.form().cmdVu[0].click();
-    expectOneMessage(bench);
-    bench.expectDisconnected();
-    expectCleanReconnect(bench);
+  };
+  const auto pressConnect = [](form::MainForm& form) { form.cmdBttn[0].click(); };
+  const Exchange exchanges[] = {
+      {"connecting", [](ProgramBench& bench) { bench.program.Form_Load(); }, pressConnect},
+      {"disconnecting", live, pressConnect},
+      {"a button", live, [](form::MainForm& form) { form.cmdVu[0].click(); }},
+  };
+  for (const Exchange& exchange : exchanges) {
+    for (std::size_t report = 1; report <= 2; ++report) {
+      SCOPED_TRACE(std::string(exchange.name) + ", report " + std::to_string(report));
+      ProgramBench bench;
+      exchange.before(bench);
+      bench.endpoint.setFaults({.unplugAtReport = report});
+      tests::countFault();
+      exchange.press(bench.form());
+      expectOneMessage(bench);
+      bench.expectDisconnected();
+      expectCleanReconnect(bench);
+    }
   }
 }
 

@@ -1,14 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "capture/bmp_file.h"
-#include "capture/viewer.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_picture_exchange.h"
-#include "tests/fakes/fake_printer.h"
-#include "tests/fakes/fake_viewer_window.h"
-#include "tests/fakes/fake_wall_clock.h"
+#include "tests/capture/viewer_rig.h"
 
 namespace vireon::tests {
 namespace {
@@ -17,10 +8,9 @@ using platform::FileReadError;
 using platform::FileReplace;
 using platform::ViewerCommand;
 
-const platform::Bitmap kSmallPicture{2, 3, {1, 2, 3, 4, 5, 6}};
 const platform::Bitmap kOtherPicture{3, 1, {0xABCDEF, 0, 0xFFFFFF}};
 
-class ViewerFiles : public testing::Test {
+class ViewerFiles : public ViewerRig {
  protected:
   ViewerFiles() { viewer.show(capture::mkBmpPic(kSmallPicture)); }
 
@@ -36,17 +26,6 @@ class ViewerFiles : public testing::Test {
     EXPECT_EQ(windows.picture, kSmallPicture);
     EXPECT_EQ(windows.sizes.size(), 1U);
   }
-
-  FakeViewerWindows windows;
-  FakeFileDialogs dialogs;
-  FakeFileStore files;
-  FakeMessageBoxes messages;
-  FakeClipboard clipboard;
-  FakePngEncoder png;
-  FakePrinter printer;
-  FakeWallClock clock{platform::CalendarTime{}};
-  files::PrintOut printOut{printer, files, clock, "folder"};
-  capture::Viewer viewer{{windows, dialogs, files, messages, clipboard, png}, printOut};
 };
 
 TEST_F(ViewerFiles, SavingAsksWithTheBitmapFilterAndExtension) {

@@ -1,27 +1,18 @@
 #include "capture/viewer.h"
 
-#include <gtest/gtest.h>
-
 #include "capture/bmp_file.h"
-#include "tests/fakes/fake_file_dialogs.h"
-#include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_picture_exchange.h"
-#include "tests/fakes/fake_printer.h"
-#include "tests/fakes/fake_viewer_window.h"
-#include "tests/fakes/fake_wall_clock.h"
+#include "tests/capture/viewer_rig.h"
 
 namespace vireon::tests {
 namespace {
 
 using platform::ViewerCommand;
 
-const platform::Bitmap kSmall{2, 3, {1, 2, 3, 4, 5, 6}};
 const platform::Bitmap kOther{1, 1, {0xABCDEF}};
 
-class Viewer : public testing::Test {
+class Viewer : public ViewerRig {
  protected:
-  void open(const platform::Bitmap& bitmap = kSmall) { viewer.show(capture::mkBmpPic(bitmap)); }
+  void open(const platform::Bitmap& bitmap = kSmallPicture) { viewer.show(capture::mkBmpPic(bitmap)); }
 
   void expectNoPictureMessage() {
     ASSERT_EQ(messages.count(), 1U);
@@ -29,24 +20,13 @@ class Viewer : public testing::Test {
     EXPECT_EQ(messages.lastTitle(), "Capture Active Window");
     EXPECT_EQ(messages.shown[0].icon, platform::MessageIcon::kInformation);
   }
-
-  FakeViewerWindows windows;
-  FakeFileDialogs dialogs;
-  FakeFileStore files;
-  FakeMessageBoxes messages;
-  FakeClipboard clipboard;
-  FakePngEncoder png;
-  FakePrinter printer;
-  FakeWallClock clock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
-  files::PrintOut printOut{printer, files, clock, "folder"};
-  capture::Viewer viewer{{windows, dialogs, files, messages, clipboard, png}, printOut};
 };
 
 TEST_F(Viewer, ShowsTheCapturedPictureInItsWindow) {
   open();
   EXPECT_EQ(windows.made, 1U);
   EXPECT_EQ(windows.shows, 1U);
-  EXPECT_EQ(windows.picture, kSmall);
+  EXPECT_EQ(windows.picture, kSmallPicture);
 }
 
 TEST_F(Viewer, IsOneWindowThatTheNextCaptureUses) {
@@ -77,7 +57,7 @@ TEST_F(Viewer, AFailedCaptureGivesAMessageAndNoWindow) {
 TEST_F(Viewer, AFailedCaptureLeavesThePictureOnShow) {
   open();
   open({});
-  EXPECT_EQ(windows.picture, kSmall);
+  EXPECT_EQ(windows.picture, kSmallPicture);
   EXPECT_EQ(messages.count(), 1U);
 }
 
@@ -123,7 +103,7 @@ TEST_F(Viewer, CopiesThePictureToTheClipboard) {
   open();
   windows.choose(ViewerCommand::kCopy);
   ASSERT_EQ(clipboard.pictures.size(), 1U);
-  EXPECT_EQ(clipboard.pictures[0], kSmall);
+  EXPECT_EQ(clipboard.pictures[0], kSmallPicture);
   EXPECT_EQ(messages.count(), 0U);
 }
 
@@ -142,7 +122,7 @@ TEST_F(Viewer, PrintsThePictureFittedToThePage) {
   EXPECT_EQ(printer.jobs[0].title, "Captured window");
   ASSERT_EQ(printer.pages.size(), 1U);
   ASSERT_EQ(printer.pages[0].pictures.size(), 1U);
-  EXPECT_EQ(printer.pages[0].pictures[0].bitmap, kSmall);
+  EXPECT_EQ(printer.pages[0].pictures[0].bitmap, kSmallPicture);
   EXPECT_EQ(messages.count(), 0U);
 }
 

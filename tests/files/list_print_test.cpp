@@ -2,23 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include "protocol/instrument_state.h"
 #include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_message_pump.h"
 #include "tests/fakes/fake_printer.h"
 #include "tests/fakes/fake_wall_clock.h"
+#include "tests/files/list_print_rig.h"
 
 namespace vireon::tests {
 namespace {
 
 class ListPrint : public testing::Test {
  protected:
-  ListPrint() {
-    form.panTrd.setVisible(false);
-    print.connectEvents();
-  }
-
   // The header row and so many records; the row behind them is empty.
   void fill(int records) {
     form.grdLog.setRows(records + 2);
@@ -28,11 +21,7 @@ class ListPrint : public testing::Test {
     }
   }
 
-  void setRow(int row, const files::ListLine& line) {
-    for (int column = 0; column < 4; ++column) {
-      form.grdLog.setText(row, column, line[static_cast<std::size_t>(column)]);
-    }
-  }
+  void setRow(int row, const files::ListLine& line) { rig.setRow(row, line); }
 
   // The texts of a printed page, line by line, "|" between the columns.
   std::vector<std::string> page(std::size_t number) const {
@@ -49,19 +38,13 @@ class ListPrint : public testing::Test {
     return lines;
   }
 
-  form::MainForm form;
-  protocol::InstrumentState state;
-  link::LinkState linkState;
-  link::Operations operations{linkState};
-  FakeSerialPort port;
-  FakeMessagePump pump{port};
-  link::LongWork work{form, state, operations, pump};
   FakePrinter printer;
   FakeFileStore files;
   FakeMessageBoxes messages;
   FakeWallClock clock{platform::CalendarTime{2007, 12, 21, 14, 5, 9}};
   files::PrintOut printOut{printer, files, clock, "folder"};
-  files::ListPrint print{form, work, messages, printOut};
+  ListPrintRig rig{messages, printOut};
+  form::MainForm& form = rig.form;
 };
 
 TEST_F(ListPrint, PrintsTheHeaderRowAndTheRecordsWithTheTimeFormatted) {
@@ -223,7 +206,7 @@ TEST_F(ListPrint, WhereTheTrendPlotIsShownTheButtonClearsIt) {
 TEST_F(ListPrint, AListUpToTheLimitIsPrintedInOneGo) {
   fill(files::ListPrint::kLongList - 1);
   form.cmdLprt.click();
-  EXPECT_EQ(pump.pumps, 0U);
+  EXPECT_EQ(rig.pump.pumps, 0U);
   EXPECT_EQ(printer.jobs.size(), 1U);
 }
 
@@ -231,8 +214,8 @@ TEST_F(ListPrint, ALongListShowsItsProgressAndLetsTheWindowLive) {
   fill(1000);
   std::vector<int> progress;
   for (int look = 0; look < 30; ++look) {
-    pump.atPump.emplace_back([&] {
-      EXPECT_TRUE(work.running());
+    rig.pump.atPump.emplace_back([&] {
+      EXPECT_TRUE(rig.work.running());
       progress.push_back(form.barWork.value());
     });
   }
@@ -241,19 +224,19 @@ TEST_F(ListPrint, ALongListShowsItsProgressAndLetsTheWindowLive) {
   EXPECT_EQ(progress.front(), 0);
   EXPECT_EQ(progress.back(), 1000);
   EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
-  EXPECT_FALSE(work.running());
+  EXPECT_FALSE(rig.work.running());
   EXPECT_EQ(printer.jobs.size(), 1U);
 }
 
 TEST_F(ListPrint, ALongListThatIsCancelledIsNotPrinted) {
   fill(1000);
-  pump.atPump.emplace_back([] {});
-  pump.atPump.emplace_back([this] { form.cmdCancel.click(); });
+  rig.pump.atPump.emplace_back([] {});
+  rig.pump.atPump.emplace_back([this] { form.cmdCancel.click(); });
   form.cmdLprt.click();
-  EXPECT_EQ(pump.pumps, 2U);
+  EXPECT_EQ(rig.pump.pumps, 2U);
   EXPECT_TRUE(printer.jobs.empty());
   EXPECT_EQ(messages.count(), 0U);
-  EXPECT_FALSE(work.running());
+  EXPECT_FALSE(rig.work.running());
   form.cmdLprt.click();
   EXPECT_EQ(printer.jobs.size(), 1U);
 }
@@ -261,7 +244,7 @@ TEST_F(ListPrint, ALongListThatIsCancelledIsNotPrinted) {
 TEST_F(ListPrint, ALongListThatIsCancelledWithoutAPrinterLeavesNoFile) {
   fill(1000);
   printer.installed = false;
-  pump.atPump.emplace_back([this] { form.cmdCancel.click(); });
+  rig.pump.atPump.emplace_back([this] { form.cmdCancel.click(); });
   form.cmdLprt.click();
   EXPECT_TRUE(files.files.empty());
 }

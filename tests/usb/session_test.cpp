@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tests/app/traces_of.h"
 #include "tests/usb/served_instrument.h"
 #include "tests/usb/usb_program.h"
 
@@ -9,18 +10,6 @@ namespace vireon::tests {
 namespace {
 
 constexpr int kFrames = 200;
-
-std::vector<form::Line> linesOf(const simulator::Trace& sent) {
-  std::vector<form::Line> lines;
-  for (std::size_t i = 1; i < sent.a.size(); ++i) {
-    const int x = 510 + 30 * static_cast<int>(i);
-    if (sent.a[i] != 240) {
-      lines.push_back({x - 30, 30 * sent.a[i - 1] - 170, x, 30 * sent.a[i] - 170, form::Color{255}});
-    }
-    lines.push_back({x - 30, 30 * sent.b[i - 1] - 170, x, 30 * sent.b[i] - 170, form::Color{65280}});
-  }
-  return lines;
-}
 
 TEST(UsbSession, TwoHundredFramesAreDrawnAsSentAndTheInstrumentIsLeftToItself) {
   Gadget gadget({});
@@ -36,7 +25,7 @@ TEST(UsbSession, TwoHundredFramesAreDrawnAsSentAndTheInstrumentIsLeftToItself) {
     usb.tick();
     const auto drawn = usb.form().picScope.lines();
     const std::vector<form::Line> lines(drawn.begin(), drawn.end());
-    ASSERT_EQ(lines, linesOf(instrument.trace()));
+    ASSERT_EQ(lines, tracesOf(instrument.trace()));
     if (lines != last) ++changes;
     last = lines;
   }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kLimit = 30000;  // milliseconds
 
-class UsbWindow : public testing::Test {
+class UsbWindow : public ShownWindow {
  protected:
   UsbWindow() : instrument(gadget.plug()) {
     files.files["folder/vireon.ini"] = "[ProductId]\nProductId=-8191\n[Tabs]\nTabs=2\n[ComPort]\nComPort=0\n";
@@ -25,21 +25,7 @@ class UsbWindow : public testing::Test {
     turn();
   }
 
-  // Lets the window show every waiting change.
-  void turn() {
-    session.window().binder().flush();
-    QApplication::processEvents();
-  }
-
-  template <class Widget = QWidget>
-  Widget* find(const char* name) {
-    return session.window().findChild<Widget*>(QLatin1String(name));
-  }
-
-  void click(const char* name) {
-    QTest::mouseClick(find(name), Qt::LeftButton);
-    turn();
-  }
+  app::Session& shown() override { return session; }
 
   QString text(const char* label) { return find<QLabel>(label)->text(); }
 

@@ -14,10 +14,10 @@
 #include <memory>
 #include <vector>
 
-#include "app/executables/session.h"
 #include "app/memory_file_store.h"
 #include "app/simulated_hid.h"
 #include "simulator/instrument.h"
+#include "tests/adapters/qt/shown_window.h"
 #include "tests/fakes/fake_serial_port.h"
 
 namespace vireon::tests {
@@ -83,7 +83,7 @@ class MessageWatcher : public QObject {
 };
 
 // The real window on a simulated instrument whose time stands still unless a test moves it.
-class WindowTest : public testing::Test {
+class WindowTest : public ShownWindow {
  protected:
   explicit WindowTest(simulator::Model model = simulator::Model::kK7310)
       : instrument(model, clock), endpoint(instrument, clock), hid(endpoint, model) {
@@ -91,25 +91,7 @@ class WindowTest : public testing::Test {
     turn();
   }
 
-  app::Program& program() { return session.program(); }
-  form::MainForm& form() { return session.program().form; }
-  adapters::MainWindow& window() { return session.window(); }
-
-  template <class Widget = QWidget>
-  Widget* find(const char* name) {
-    return session.window().findChild<Widget*>(QLatin1String(name));
-  }
-
-  // Lets the window show every waiting change.
-  void turn() {
-    window().binder().flush();
-    QApplication::processEvents();
-  }
-
-  void click(const char* name) {
-    QTest::mouseClick(find(name), Qt::LeftButton);
-    turn();
-  }
+  app::Session& shown() override { return session; }
 
   // Connects and takes the first live frame.
   void goLive() {

@@ -6,13 +6,11 @@
 
 #include "adapters/qt/printer.h"
 #include "capture/print_picture.h"
-#include "files/list_print.h"
 #include "tests/desktop/print/print_service.h"
 #include "tests/desktop/rig/pixmap_file.h"
 #include "tests/fakes/fake_file_store.h"
-#include "tests/fakes/fake_message_boxes.h"
-#include "tests/fakes/fake_message_pump.h"
 #include "tests/fakes/fake_wall_clock.h"
+#include "tests/files/list_print_rig.h"
 
 namespace vireon::tests {
 namespace {
@@ -172,18 +170,10 @@ TEST_F(Printing, WithoutAServiceThePictureBecomesAPdf) {
 class PrintingTheList : public Printing {
  protected:
   PrintingTheList() {
-    form.panTrd.setVisible(false);
-    list.connectEvents();
     form.grdLog.setRows(502);
-    for (int column = 0; column < 4; ++column) form.grdLog.setText(0, column, kHeader[column]);
+    rig.setRow(0, {"No.", "Time", "Reading", "Remark"});
     for (int row = 1; row <= 500; ++row) {
-      form.grdLog.setText(row, 0, number(row));
-      form.grdLog.setText(row, 1, time(row));
-      form.grdLog.setText(row, 2, std::to_string(row) + ".5mV");
-      form.grdLog.setText(row, 3,
-                          row % 3 == 0 ? "\xC2\xB5"
-                                         "A"
-                                       : "DCV");
+      rig.setRow(row, {number(row), time(row), std::to_string(row) + ".5mV", remark(row)});
     }
   }
 
@@ -197,22 +187,13 @@ class PrintingTheList : public Printing {
     return "12:" + std::string(2 - minute.size(), '0') + minute + ":" + std::string(2 - second.size(), '0') +
            second;
   }
+  static std::string remark(int row) { return row % 3 == 0 ? "\u00B5A" : "DCV"; }
   static std::string printedRow(int row) {
-    return number(row) + " " + time(row) + " " + std::to_string(row) + ".5mV " +
-           (row % 3 == 0 ? "\xC2\xB5"
-                           "A"
-                         : "DCV");
+    return number(row) + " " + time(row) + " " + std::to_string(row) + ".5mV " + remark(row);
   }
 
-  static constexpr const char* kHeader[] = {"No.", "Time", "Reading", "Remark"};
-  form::MainForm form;
-  protocol::InstrumentState state;
-  link::LinkState linkState;
-  link::Operations operations{linkState};
-  FakeSerialPort port;
-  FakeMessagePump pump{port};
-  link::LongWork work{form, state, operations, pump};
-  files::ListPrint list{form, work, messages, printOut};
+  ListPrintRig rig{messages, printOut};
+  form::MainForm& form = rig.form;
 };
 
 TEST_F(PrintingTheList, FiveHundredRowsComeRowByRowOnSeveralPagesEachWithTheHeaderLine) {

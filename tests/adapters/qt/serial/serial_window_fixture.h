@@ -20,15 +20,13 @@ namespace vireon::tests {
 
 // The real window with real files and real serial ports: COM1 to COM4 are simulated instruments, processes of
 // their own, as far as a test plugs them in.
-class SerialWindowTest : public testing::Test {
+class SerialWindowTest : public ShownWindow {
  protected:
   static constexpr int kLimit = 30000;  // milliseconds until a test gives up waiting for a fact
 
   SerialWindowTest() { hid.nodes.clear(); }
 
-  app::Program& program() { return session.program(); }
-  form::MainForm& form() { return session.program().form; }
-  adapters::MainWindow& window() { return session.window(); }
+  app::Session& shown() override { return session; }
 
   // Starts the instrument of a port.
   SimulatorProcess& plugIn(int com, int baud, std::vector<std::string> more = {}) {
@@ -72,21 +70,6 @@ class SerialWindowTest : public testing::Test {
     click("cmdBttn_0");
     ASSERT_EQ(linkState(), "Connected");
     ASSERT_TRUE(instrument().waitFor("command DFN??"));
-  }
-
-  template <class Widget = QWidget>
-  Widget* find(const char* name) {
-    return session.window().findChild<Widget*>(QLatin1String(name));
-  }
-
-  void turn() {
-    window().binder().flush();
-    QApplication::processEvents();
-  }
-
-  void click(const char* name) {
-    QTest::mouseClick(find(name), Qt::LeftButton);
-    turn();
   }
 
   // Does something at the next turn of the event loop, so while the program waits.
