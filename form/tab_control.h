@@ -15,6 +15,8 @@ class TabControl : public Control {
 
   int tabs() const { return static_cast<int>(captions_.size()); }
   const std::vector<std::string>& captions() const { return captions_; }
+  // One tab for each caption; a shown tab that is cut off gives way to tab 0, without an event. Faults
+  // (kPropertyValue) without any.
   void setCaptions(std::vector<std::string> captions);
   // Keeps the first `count` tabs; more than there are adds tabs without a caption. A shown tab that
   // is cut off gives way to tab 0, without an event. Faults (kPropertyValue) below 1.

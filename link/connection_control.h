@@ -58,7 +58,7 @@ class ConnectionControl {
 
   // Sends the command over the active link and takes the answer in. Blocks until the answer is complete, at
   // most 6 s for each report. Returns False when the failure path ran: the window is disconnected and the
-  // user has been told.
+  // user has been told. While a serial exchange runs it parks the command and returns True at once.
   bool trans_usb(std::string_view command);
 
   // Sends over USB only: on a serial link nothing is sent and status-bar panel 1 says so.

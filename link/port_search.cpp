@@ -11,8 +11,7 @@
 namespace vireon::link {
 namespace {
 
-constexpr int kPorts = 4;
-constexpr int kRates = 4;        // 9600 and its halves down to 1200
+constexpr int kRates = platform::SearchView::kRates;
 constexpr int kProbeWait = 500;  // milliseconds
 constexpr const char* kWait = "Please wait for com port";
 
@@ -58,7 +57,7 @@ void SerialLink::com_search() {
   const ShownSearch shown(view_, form_.StatusBar1);
   {
     const protocol::ScopedFlag searching(link_.portSearch);
-    for (int pair = 0; pair < kPorts * kRates && !accepted && !link_.waitEnded; ++pair) {
+    for (int pair = 0; pair < platform::SearchView::kSteps && !accepted && !link_.waitEnded; ++pair) {
       accepted = tryPair(pair / kRates + 1, pair % kRates + 1);
     }
   }

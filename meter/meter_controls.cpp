@@ -20,7 +20,7 @@ std::string withoutTrailingBlanks(const std::string& text) {
 }
 
 // "YY-MM-DD HH:MM:SS"
-std::string clockText(const platform::CalendarTime& time) {
+std::string dateAndTime(const platform::CalendarTime& time) {
   std::array<char, 32> text{};
   const auto two = [](int value) { return static_cast<unsigned>(value) % 100U; };
   const int length =
@@ -133,7 +133,7 @@ void MeterControls::sendReferenceOrLimits() {
 }
 
 void MeterControls::cmdClock_Click() {
-  link_.transKcmd("SCK" + clockText(clock_.now()));
+  link_.transKcmd("SCK" + dateAndTime(clock_.now()));
 }
 
 }  // namespace vireon::meter

@@ -9,7 +9,9 @@ namespace vireon::platform {
 // What the user sees of a search for the instrument, and the way to end it early. Texts are UTF-8.
 class SearchView {
  public:
-  static constexpr int kSteps = 16;  // four ports at four rates
+  static constexpr int kPorts = 4;
+  static constexpr int kRates = 4;  // 9600 and its halves down to 1200
+  static constexpr int kSteps = kPorts * kRates;
 
   SearchView() = default;
   SearchView(const SearchView&) = delete;

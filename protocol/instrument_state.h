@@ -40,7 +40,7 @@ struct InstrumentState {
   bool uiBusy = false;        // the program itself moves controls; handlers send nothing
   bool rxHold = false;        // set by an acknowledge, cleared by some handlers before they send
   bool ackSeen = false;       // an acknowledge was ever seen
-  bool enqSeen = false;       // a refusal was ever seen
+  bool enqSeen = false;       // a refusal was seen; whoever asks for one clears this first
 };
 
 }  // namespace vireon::protocol
