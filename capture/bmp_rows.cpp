@@ -1,5 +1,6 @@
 #include "capture/bmp_rows.h"
 
+#include <algorithm>
 #include <bit>
 #include <utility>
 
@@ -64,8 +65,8 @@ class RunLengthPen {
     ++y_;
   }
   void move(std::uint32_t right, std::uint32_t up) {
-    x_ += static_cast<int>(right);
-    y_ += static_cast<int>(up);
+    x_ = std::min(layout_.width, x_ + static_cast<int>(right));
+    y_ = std::min(layout_.height, y_ + static_cast<int>(up));
   }
   void draw(std::uint32_t index) {
     if (x_ < layout_.width && y_ < layout_.height) {
