@@ -83,6 +83,21 @@ std::string findFile(platform::FileStore& files, const std::string& folder, cons
   return found == names.end() ? path : folder + "/" + *found;
 }
 
+std::string freeName(platform::FileStore& files, const std::string& folder, const std::string& stem,
+                     std::string_view extension) {
+  std::string name = stem;
+  const auto isTaken = [&] {
+    std::string path = folder;
+    path.append("/").append(name).append(extension);
+    return files.exists(path);
+  };
+  for (int copy = 2; isTaken(); ++copy) {
+    name = stem;
+    name.append("_").append(std::to_string(copy));
+  }
+  return name;
+}
+
 FileNameBox::FileNameBox(form::TextBox& box, platform::FileStore& files, const platform::WallClock& clock,
                          std::string folder)
     : box_(box), files_(files), clock_(clock), folder_(std::move(folder)) {
@@ -100,18 +115,7 @@ bool FileNameBox::empty() const {
 }
 
 void FileNameBox::make(const std::string& prefix, const std::string& extension) {
-  const std::string stem = prefix + dateTimeText(clock_.now());
-  std::string name = stem;
-  const auto isTaken = [&] {
-    std::string path = folder_;
-    path.append("/").append(name).append(extension);
-    return files_.exists(path);
-  };
-  for (int copy = 2; isTaken(); ++copy) {
-    name = stem;
-    name.append("_").append(std::to_string(copy));
-  }
-  box_.setText(name);
+  box_.setText(freeName(files_, folder_, prefix + dateTimeText(clock_.now()), extension));
   made_ = true;
 }
 
