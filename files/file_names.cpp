@@ -3,14 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "form/ascii.h"
 #include "form/text_encoding.h"
 
 namespace vireon::files {
 namespace {
-
-char smallLetter(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
-}
 
 // Small letters of ASCII and of Latin-1, in UTF-8.
 std::string inSmallLetters(std::string_view text) {
@@ -21,7 +18,7 @@ std::string inSmallLetters(std::string_view text) {
     if (former == 0xC3 && code >= 0x80 && code <= 0x9E && code != 0x97) {
       result[at] = static_cast<char>(code + 0x20);
     } else {
-      result[at] = smallLetter(result[at]);
+      result[at] = form::smallLetter(result[at]);
     }
   }
   return result;
