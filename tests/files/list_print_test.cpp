@@ -28,7 +28,7 @@ class ListPrint : public testing::Test {
     }
   }
 
-  void setRow(int row, const files::ListLine& line) {
+  void setRow(int row, const files::ListRow& line) {
     for (int column = 0; column < 4; ++column) {
       form.grdLog.setText(row, column, line[static_cast<std::size_t>(column)]);
     }
@@ -221,7 +221,7 @@ TEST_F(ListPrint, WhereTheTrendPlotIsShownTheButtonClearsIt) {
 }
 
 TEST_F(ListPrint, AListUpToTheLimitIsPrintedInOneGo) {
-  fill(files::ListPrint::kLongList - 1);
+  fill(files::ListPrint::kLongPrint - 1);
   form.cmdLprt.click();
   EXPECT_EQ(pump.pumps, 0U);
   EXPECT_EQ(printer.jobs.size(), 1U);
