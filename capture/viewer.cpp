@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <string>
 #include <utility>
 
 #include "capture/bmp_file.h"

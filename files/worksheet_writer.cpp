@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <vector>
 
 #include "files/workbook_globals_writer.h"
 
