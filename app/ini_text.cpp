@@ -1,7 +1,8 @@
 #include "app/ini_text.h"
 
 #include <algorithm>
-#include <utility>
+
+#include "form/ascii.h"
 
 namespace vireon::app {
 namespace {
@@ -14,19 +15,9 @@ bool isUtf16(std::string_view text) {
   return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
 }
 
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = std::min(text.find_first_not_of(kBlanks), text.size());
-  const std::size_t last = text.find_last_not_of(kBlanks);
-  return last == std::string_view::npos ? text.substr(first) : text.substr(first, last + 1 - first);
-}
-
-char lowered(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 bool isSameName(std::string_view one, std::string_view other) {
   return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                    [](char a, char b) { return lowered(a) == lowered(b); });
+                    [](char a, char b) { return form::smallLetter(a) == form::smallLetter(b); });
 }
 
 std::string_view withoutQuotes(std::string_view value) {
@@ -36,7 +27,7 @@ std::string_view withoutQuotes(std::string_view value) {
 }
 
 std::string_view valueOf(std::string_view behindEquals) {
-  const std::string_view value = withoutQuotes(trimmed(behindEquals));
+  const std::string_view value = withoutQuotes(form::withoutBlanks(behindEquals));
   return value.substr(0, value.find('\0'));
 }
 
@@ -62,7 +53,7 @@ struct Place {
 std::optional<std::string_view> sectionName(std::string_view line) {
   const std::size_t close = line.find(']');
   if (!line.starts_with('[') || close == std::string_view::npos) return std::nullopt;
-  return trimmed(line.substr(1, close - 1));
+  return form::withoutBlanks(line.substr(1, close - 1));
 }
 
 // A key that the first section of the name lacks is looked for in later ones of the same name.
@@ -75,13 +66,13 @@ Place findKey(std::string_view text, std::string_view section, std::string_view 
     const Line line = lineAt(text, position);
     position = line.next;
     const std::string_view whole = text.substr(line.start, line.end - line.start);
-    const std::string_view content = trimmed(whole);
+    const std::string_view content = form::withoutBlanks(whole);
     if (const std::optional<std::string_view> name = sectionName(content)) {
       inSection = isSameName(*name, section);
       inFirst = inSection && !place.sectionEnd;
     } else if (const std::size_t equals = content.find('=');
                inSection && equals != std::string_view::npos && !content.starts_with(';') &&
-               isSameName(trimmed(content.substr(0, equals)), key)) {
+               isSameName(form::withoutBlanks(content.substr(0, equals)), key)) {
       place.keyLine = line;
       place.equals = line.start + whole.find('=');
       return place;
@@ -117,8 +108,8 @@ std::string withLines(std::string_view text, std::size_t position, std::string_v
 }  // namespace
 
 std::string iniValue(std::string_view text, std::string_view section, std::string_view key) {
-  section = trimmed(section);
-  key = trimmed(key);
+  section = form::withoutBlanks(section);
+  key = form::withoutBlanks(key);
   if (isUtf16(text) || section.empty() || key.empty()) return {};
   const Place place = findKey(text, section, key);
   if (!place.keyLine) return {};
@@ -128,8 +119,8 @@ std::string iniValue(std::string_view text, std::string_view section, std::strin
 
 std::optional<std::string> withIniValue(std::string_view text, std::string_view section, std::string_view key,
                                         std::string_view value) {
-  section = trimmed(section);
-  key = trimmed(key);
+  section = form::withoutBlanks(section);
+  key = form::withoutBlanks(key);
   value = value.substr(0, value.find_first_of(kValueEnds));
   if (isUtf16(text) || !isWritable(section, key)) return std::nullopt;
   const Place place = findKey(text, section, key);

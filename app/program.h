@@ -3,7 +3,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "app/desktop_ports.h"
 #include "app/settings_file.h"

@@ -1,7 +1,5 @@
 #include "app/simulated_hid.h"
 
-#include <algorithm>
-
 namespace vireon::app {
 namespace {
 

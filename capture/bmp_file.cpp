@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "capture/bmp_rows.h"
-#include "capture/little_endian.h"
+#include "files/little_endian.h"
 
 namespace vireon::capture {
 namespace {
@@ -40,23 +40,23 @@ struct Header {
 
 std::optional<Header> headerOf(std::string_view file) {
   Header header;
-  header.size = doubleWord(file, kFileHeader);
+  header.size = files::u32At(file, kFileHeader);
   if ((header.size != kCoreHeader && (header.size < kInfoHeader || header.size > kLongestHeader)) ||
       file.size() < kFileHeader + header.size) {
     return std::nullopt;
   }
   const std::string_view at = file.substr(kFileHeader);
   if (header.size == kCoreHeader) {
-    header.width = word(at, 4);
-    header.height = word(at, 6);
-    header.bits = word(at, 10);
+    header.width = files::u16At(at, 4);
+    header.height = files::u16At(at, 6);
+    header.bits = files::u16At(at, 10);
     return header;
   }
-  header.width = std::bit_cast<std::int32_t>(doubleWord(at, 4));
-  header.height = std::bit_cast<std::int32_t>(doubleWord(at, 8));
-  header.bits = word(at, 14);
-  header.compression = doubleWord(at, 16);
-  header.colorsUsed = doubleWord(at, 32);
+  header.width = std::bit_cast<std::int32_t>(files::u32At(at, 4));
+  header.height = std::bit_cast<std::int32_t>(files::u32At(at, 8));
+  header.bits = files::u16At(at, 14);
+  header.compression = files::u32At(at, 16);
+  header.colorsUsed = files::u32At(at, 32);
   return header;
 }
 
@@ -88,7 +88,7 @@ std::vector<std::uint32_t> colorTable(std::string_view bytes, const Header& head
   const std::size_t told = header.colorsUsed == 0 ? most : std::min<std::size_t>(header.colorsUsed, most);
   std::vector<std::uint32_t> colors(std::min(told, bytes.size() / width));
   for (std::size_t i = 0; i < colors.size(); ++i) {
-    colors[i] = byteAt(bytes, i * width) | word(bytes, i * width + 1) << 8U;
+    colors[i] = files::u24At(bytes, i * width);
   }
   return colors;
 }
@@ -132,14 +132,14 @@ BmpResult readBmp(std::string_view bytes, std::int64_t mostPixels) {
       return failed(BmpError::kDamaged);
     }
     for (std::size_t i = 0; i < layout.masks.size(); ++i) {
-      layout.masks[i] = doubleWord(bytes, masksAt + 4 * i);
+      layout.masks[i] = files::u32At(bytes, masksAt + 4 * i);
     }
     if (!std::all_of(layout.masks.begin(), layout.masks.end(), isField)) {
       return failed(BmpError::kUnsupported);
     }
     tableAt = std::max(tableAt, kFileHeader + kInfoHeaderWithMasks);
   }
-  const std::size_t dataAt = doubleWord(bytes, kDataOffset);
+  const std::size_t dataAt = files::u32At(bytes, kDataOffset);
   if (dataAt < tableAt || dataAt > bytes.size()) {
     return failed(BmpError::kDamaged);
   }
@@ -163,19 +163,17 @@ std::string bmpFile(const platform::Bitmap& bitmap) {
   file.reserve(kHeaders + size);
   for (const std::uint32_t value : {kHeaders + size, 0U, kHeaders, static_cast<std::uint32_t>(kInfoHeader),
                                     static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)}) {
-    appendDoubleWord(file, value);
+    files::appendNumber(file, value, 4);
   }
-  appendWord(file, 1);  // planes
-  appendWord(file, 24);
+  files::appendNumber(file, 1, 2);  // planes
+  files::appendNumber(file, 24, 2);
   for (const std::uint32_t value :
        {static_cast<std::uint32_t>(kPlain), size, kPixelsPerMetre, kPixelsPerMetre, 0U, 0U}) {
-    appendDoubleWord(file, value);
+    files::appendNumber(file, value, 4);
   }
   for (int y = bitmap.height - 1; y >= 0; --y) {
     for (int x = 0; x < bitmap.width; ++x) {
-      const std::uint32_t pixel = bitmap.at(x, y);
-      appendWord(file, pixel & 0xFFFFU);
-      file += static_cast<char>(pixel >> 16U & 255U);
+      files::appendNumber(file, bitmap.at(x, y), 3);
     }
     file.append(stride - 3 * width, '\0');
   }

@@ -1,9 +1,10 @@
 #include "capture/bmp_rows.h"
 
+#include <algorithm>
 #include <bit>
 #include <utility>
 
-#include "capture/little_endian.h"
+#include "files/little_endian.h"
 
 namespace vireon::capture {
 namespace {
@@ -37,16 +38,16 @@ std::uint32_t field(std::uint32_t pixel, std::uint32_t mask) {
 std::uint32_t plainPixel(const BmpLayout& layout, std::string_view row, std::size_t x) {
   switch (layout.bits) {
     case 24:
-      return byteAt(row, 3 * x) | word(row, 3 * x + 1) << 8U;
+      return files::u24At(row, 3 * x);
     case 16:
     case 32: {
-      const std::uint32_t pixel = layout.bits == 16 ? word(row, 2 * x) : doubleWord(row, 4 * x);
+      const std::uint32_t pixel = layout.bits == 16 ? files::u16At(row, 2 * x) : files::u32At(row, 4 * x);
       return field(pixel, layout.masks[0]) << 16U | field(pixel, layout.masks[1]) << 8U |
              field(pixel, layout.masks[2]);
     }
     default: {
       const std::size_t bit = x * layout.bits;
-      const std::uint32_t index = byteAt(row, bit / 8) >> (8 - layout.bits - bit % 8);
+      const std::uint32_t index = std::uint32_t{files::u8At(row, bit / 8)} >> (8 - layout.bits - bit % 8);
       return color(layout, index & ((1U << layout.bits) - 1U));
     }
   }
@@ -64,8 +65,8 @@ class RunLengthPen {
     ++y_;
   }
   void move(std::uint32_t right, std::uint32_t up) {
-    x_ += static_cast<int>(right);
-    y_ += static_cast<int>(up);
+    x_ = std::min(layout_.width, x_ + static_cast<int>(right));
+    y_ = std::min(layout_.height, y_ + static_cast<int>(up));
   }
   void draw(std::uint32_t index) {
     if (x_ < layout_.width && y_ < layout_.height) {
@@ -112,8 +113,8 @@ platform::Bitmap runLengthRows(const BmpLayout& layout, std::string_view data) {
   };
   std::size_t at = 0;
   while (!pen.done() && at + 2 <= data.size()) {
-    const std::uint32_t count = byteAt(data, at);
-    const std::uint32_t second = byteAt(data, at + 1);
+    const std::uint32_t count = files::u8At(data, at);
+    const std::uint32_t second = files::u8At(data, at + 1);
     at += 2;
     if (count > 0) {
       for (std::uint32_t pixel = 0; pixel < count; ++pixel) {
@@ -127,7 +128,7 @@ platform::Bitmap runLengthRows(const BmpLayout& layout, std::string_view data) {
       if (at + 2 > data.size()) {
         return {};
       }
-      pen.move(byteAt(data, at), byteAt(data, at + 1));
+      pen.move(files::u8At(data, at), files::u8At(data, at + 1));
       at += 2;
     } else {
       const std::size_t used = (std::size_t{second} * layout.bits + 7) / 8;
@@ -135,7 +136,7 @@ platform::Bitmap runLengthRows(const BmpLayout& layout, std::string_view data) {
         return {};
       }
       for (std::uint32_t pixel = 0; pixel < second; ++pixel) {
-        pen.draw(index(byteAt(data, at + (layout.bits == 8 ? pixel : pixel / 2)), pixel));
+        pen.draw(index(files::u8At(data, at + (layout.bits == 8 ? pixel : pixel / 2)), pixel));
       }
       at += used + used % 2;
     }

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <new>
-#include <string_view>
+#include <string>
 #include <utility>
 
 #include "capture/bmp_file.h"
 #include "capture/print_picture.h"
+#include "files/file_names.h"
 #include "files/save_failure.h"
 
 namespace vireon::capture {
@@ -15,15 +16,6 @@ namespace {
 constexpr const char* kTitle = "Capture Window";
 constexpr const char* kFilter = "Bitmap Image (*.bmp)|*.bmp";
 constexpr const char* kExtension = ".BMP";
-
-bool endsInPng(std::string_view path) {
-  constexpr std::string_view kPng = ".png";
-  return path.size() >= kPng.size() &&
-         std::equal(kPng.begin(), kPng.end(), path.end() - static_cast<std::ptrdiff_t>(kPng.size()),
-                    [](char wanted, char letter) {
-                      return wanted == (letter >= 'A' && letter <= 'Z' ? letter + ('a' - 'A') : letter);
-                    });
-}
 
 const char* reason(platform::FileReadError error) {
   switch (error) {
@@ -154,7 +146,8 @@ void Viewer::mnuFileSave_Click() {
   if (path.empty()) {
     return;
   }
-  const std::string bytes = endsInPng(path) ? ports_.png.encode(picture_.bitmap) : bmpFile(picture_.bitmap);
+  const bool isPng = files::extensionOf(path) == ".png";
+  const std::string bytes = isPng ? ports_.png.encode(picture_.bitmap) : bmpFile(picture_.bitmap);
   const auto result = bytes.empty() ? platform::FileReplace::kFailed : ports_.files.replace(path, bytes);
   if (result != platform::FileReplace::kDone) {
     ports_.messages.show(files::saveFailure(kTitle, path, result));

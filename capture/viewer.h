@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 
 #include "capture/capture.h"
 #include "files/out_of_memory.h"

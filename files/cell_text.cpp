@@ -1,6 +1,8 @@
 #include "files/cell_text.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
@@ -16,7 +18,7 @@ constexpr double kDaysEnd = 2958466;  // the day after 9999-12-31, counted from 
 
 constexpr int kLargestShort = 99999;  // five digits
 
-// `format` takes one double.
+// `format` takes one double and prints no decimals, whose point would be the locale's.
 std::string printed(const char* format, double number) {
   std::array<char, 400> text{};  // the largest number has 309 digits
   const int length = std::snprintf(text.data(), text.size(), format, number);
@@ -24,7 +26,12 @@ std::string printed(const char* format, double number) {
 }
 
 std::string numberText(double number) {
-  return printed("%.15G", number == 0 ? 0 : number);
+  std::array<char, 32> text{};
+  char* const end = std::to_chars(text.data(), text.data() + text.size(), number == 0 ? 0 : number,
+                                  std::chars_format::general, 15)
+                        .ptr;
+  std::replace(text.data(), end, 'e', 'E');
+  return {text.data(), end};
 }
 
 bool isDate(double days) {

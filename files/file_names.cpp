@@ -3,14 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "form/ascii.h"
 #include "form/text_encoding.h"
 
 namespace vireon::files {
 namespace {
-
-char smallLetter(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
-}
 
 // Small letters of ASCII and of Latin-1, in UTF-8.
 std::string inSmallLetters(std::string_view text) {
@@ -21,7 +18,7 @@ std::string inSmallLetters(std::string_view text) {
     if (former == 0xC3 && code >= 0x80 && code <= 0x9E && code != 0x97) {
       result[at] = static_cast<char>(code + 0x20);
     } else {
-      result[at] = smallLetter(result[at]);
+      result[at] = form::smallLetter(result[at]);
     }
   }
   return result;
@@ -83,6 +80,21 @@ std::string findFile(platform::FileStore& files, const std::string& folder, cons
   return found == names.end() ? path : folder + "/" + *found;
 }
 
+std::string freeName(platform::FileStore& files, const std::string& folder, const std::string& stem,
+                     std::string_view extension) {
+  std::string name = stem;
+  const auto isTaken = [&] {
+    std::string path = folder;
+    path.append("/").append(name).append(extension);
+    return files.exists(path);
+  };
+  for (int copy = 2; isTaken(); ++copy) {
+    name = stem;
+    name.append("_").append(std::to_string(copy));
+  }
+  return name;
+}
+
 FileNameBox::FileNameBox(form::TextBox& box, platform::FileStore& files, const platform::WallClock& clock,
                          std::string folder)
     : box_(box), files_(files), clock_(clock), folder_(std::move(folder)) {
@@ -100,18 +112,7 @@ bool FileNameBox::empty() const {
 }
 
 void FileNameBox::make(const std::string& prefix, const std::string& extension) {
-  const std::string stem = prefix + dateTimeText(clock_.now());
-  std::string name = stem;
-  const auto isTaken = [&] {
-    std::string path = folder_;
-    path.append("/").append(name).append(extension);
-    return files_.exists(path);
-  };
-  for (int copy = 2; isTaken(); ++copy) {
-    name = stem;
-    name.append("_").append(std::to_string(copy));
-  }
-  box_.setText(name);
+  box_.setText(freeName(files_, folder_, prefix + dateTimeText(clock_.now()), extension));
   made_ = true;
 }
 

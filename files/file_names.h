@@ -29,6 +29,10 @@ bool isAllowedName(std::string_view name);
 // the path of the name itself where there is neither.
 std::string findFile(platform::FileStore& files, const std::string& folder, const std::string& name);
 
+// The stem, or the stem with "_2", "_3" and so on, that no file of the folder has with this extension.
+std::string freeName(platform::FileStore& files, const std::string& folder, const std::string& stem,
+                     std::string_view extension);
+
 // One of the boxes in which the user names a file, and the names that the program puts there.
 class FileNameBox {
  public:

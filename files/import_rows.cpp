@@ -7,8 +7,6 @@
 namespace vireon::files {
 namespace {
 
-constexpr int kColumns = 4;
-
 bool isEmpty(const CellValue& value) {
   return value.kind == CellKind::kEmpty || (value.kind == CellKind::kText && value.text.empty());
 }
@@ -22,7 +20,7 @@ int rowsToImport(const Sheet& sheet) {
 }  // namespace
 
 ImportResult importRows(std::string_view stream, const Progress& progress) {
-  const auto [sheet, error] = readWorkbookStream(stream, kColumns, progress);
+  const auto [sheet, error] = readWorkbookStream(stream, kListColumns, progress);
   if (error != WorkbookReadError::kNone) return {{}, error};
   ImportResult result;
   const int rows = rowsToImport(sheet);

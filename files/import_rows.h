@@ -1,18 +1,15 @@
 #pragma once
 
-#include <array>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "files/list_row.h"
 #include "files/workbook_reader.h"
 
 namespace vireon::files {
 
-using ImportedRow = std::array<std::string, 4>;
-
 struct ImportResult {
-  std::vector<ImportedRow> rows;  // UTF-8; empty unless error is kNone
+  std::vector<ListRow> rows;  // empty unless error is kNone
   WorkbookReadError error = WorkbookReadError::kNone;
 };
 

@@ -1,8 +1,11 @@
 #include "files/list_print.h"
 
 #include <algorithm>
-#include <numeric>
+#include <array>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "files/time_text.h"
 #include "protocol/record_list.h"
@@ -15,7 +18,7 @@ constexpr double kGap = 360;           // twips between two columns
 constexpr double kNarrowest = 900;     // twips of a column without its gap
 constexpr int kRowsBetweenLooks = 50;  // at the progress and at "Cancel"
 
-using TabStops = std::array<double, 5>;  // twips; the last is the right edge
+using TabStops = std::array<double, kListColumns + 1>;  // twips; the last is the right edge
 
 std::size_t letters(std::string_view text) {
   return static_cast<std::size_t>(std::count_if(
@@ -23,9 +26,9 @@ std::size_t letters(std::string_view text) {
 }
 
 // The stops at which each column's longest text has room; closer together where the page is too narrow.
-TabStops tabStops(const platform::PrintDocument& document, const std::vector<ListLine>& lines) {
+TabStops tabStops(const platform::PrintDocument& document, const std::vector<ListRow>& lines) {
   TabStops stops{};
-  for (std::size_t column = 0; column < 4; ++column) {
+  for (std::size_t column = 0; column < kListColumns; ++column) {
     const auto longest = std::max_element(
         lines.begin(), lines.end(),
         [&](const auto& one, const auto& other) { return letters(one[column]) < letters(other[column]); });
@@ -38,7 +41,7 @@ TabStops tabStops(const platform::PrintDocument& document, const std::vector<Lis
   return stops;
 }
 
-void drawLine(platform::PrintDocument& document, const TabStops& stops, double y, const ListLine& line) {
+void drawLine(platform::PrintDocument& document, const TabStops& stops, double y, const ListRow& line) {
   for (std::size_t column = 0; column < line.size(); ++column) {
     const double gap = column + 1 < line.size() ? kGap / 2 : 0;
     document.text(stops[column], y, stops[column + 1] - stops[column] - gap, line[column]);
@@ -59,7 +62,7 @@ int printedRows(const form::Grid& list) {
   return list.rows();
 }
 
-ListLine printedLine(const form::Grid& list, int row) {
+ListRow printedLine(const form::Grid& list, int row) {
   return {list.text(row, protocol::kRecordColumn), timeText(list.text(row, protocol::kTimeColumn)),
           list.text(row, protocol::kReadingColumn), list.text(row, protocol::kRemarkColumn)};
 }
@@ -73,7 +76,7 @@ void ListPrint::cmdLprt_Click() {
     protocol::clearTrend(form_);
     return;
   }
-  const int rows = form_.grdLog.columns() < 4 ? 0 : printedRows(form_.grdLog);
+  const int rows = form_.grdLog.columns() < kListColumns ? 0 : printedRows(form_.grdLog);
   if (rows == 0) {
     form_.StatusBar1.setPanel(1, "The list is empty");
     return;
@@ -84,10 +87,10 @@ void ListPrint::cmdLprt_Click() {
 
 bool ListPrint::draw(platform::PrintDocument& document, int rows) {
   std::optional<link::LongWork::Scope> work;
-  if (rows > kLongList) {
+  if (rows > kLongPrint) {
     work.emplace(work_, rows);
   }
-  std::vector<ListLine> lines;
+  std::vector<ListRow> lines;
   lines.reserve(static_cast<std::size_t>(rows));
   for (int row = 0; row < rows; ++row) {
     lines.push_back(printedLine(form_.grdLog, row));

@@ -9,8 +9,6 @@
 namespace vireon::files {
 namespace {
 
-constexpr int kColumns = 4;
-
 bool isPlain(char letter) {
   return letter >= ' ' && letter <= '~';
 }
@@ -75,11 +73,11 @@ ListText listText(const form::Grid& list, int rows, const Progress& progress) {
   ListText result;
   // The window lives meanwhile, and the list with it.
   for (int row = 0; row < std::min(rows, list.rows()); ++row) {
-    for (int column = 0; column < kColumns; ++column) {
+    for (int column = 0; column < kListColumns; ++column) {
       const std::string_view text = cellOf(list, row, column);
       const bool complete = append(result.bytes, column == 1 ? timeText(text) : std::string(text));
       result.complete = result.complete && complete;
-      result.bytes += column + 1 < kColumns ? "\t" : kLineEnd;
+      result.bytes += column + 1 < kListColumns ? "\t" : kLineEnd;
     }
     if ((row + 1) % kProgressLines == 0 && progress && !progress(row + 1)) {
       result.cancelled = true;

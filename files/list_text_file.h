@@ -1,23 +1,22 @@
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "files/workbook.h"
+#include "files/list_row.h"
+#include "files/progress.h"
 #include "form/grid.h"
 
 // The logger's list as a text file: a line a row, four columns parted by TAB, code page 1252.
 namespace vireon::files {
 
-inline constexpr int kProgressLines = 500;
+inline constexpr int kProgressLines = 500;  // done from one word of the progress to the next
 
 // Lines and bytes of the longest file that is read; its cells take some 64 MB.
 inline constexpr std::size_t kMostListLines = 250000;
 inline constexpr std::size_t kLargestListFile = std::size_t{64} << 20U;
-
-using ListRow = std::array<std::string, 4>;  // UTF-8
 
 // How many rows of the list are written: those up to the first whose column 0 is empty, the header row among
 // them.
@@ -36,7 +35,7 @@ ListText listText(const form::Grid& list, int rows, const Progress& progress = {
 std::size_t listLines(std::string_view file);
 
 struct ListRows {
-  std::vector<ListRow> rows;  // UTF-8
+  std::vector<ListRow> rows;
   bool cancelled = false;
 };
 

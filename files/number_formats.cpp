@@ -2,17 +2,15 @@
 
 #include <cstddef>
 
+#include "form/ascii.h"
+
 namespace vireon::files {
 namespace {
-
-constexpr char lowered(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
-}
 
 bool startsWith(std::string_view text, std::string_view word) {
   if (text.size() < word.size()) return false;
   for (std::size_t index = 0; index < word.size(); ++index) {
-    if (lowered(text[index]) != word[index]) return false;
+    if (form::smallLetter(text[index]) != word[index]) return false;
   }
   return true;
 }
@@ -27,10 +25,10 @@ struct Parts {
 // "[h]", "[mm]" and the like count on; other brackets are colours, conditions and languages.
 bool isElapsed(std::string_view bracket) {
   if (bracket.empty()) return false;
-  const char unit = lowered(bracket.front());
+  const char unit = form::smallLetter(bracket.front());
   if (unit != 'h' && unit != 'm' && unit != 's') return false;
   for (const char letter : bracket) {
-    if (lowered(letter) != unit) return false;
+    if (form::smallLetter(letter) != unit) return false;
   }
   return true;
 }
@@ -43,7 +41,7 @@ std::size_t takePart(std::string_view code, Parts& parts) {
     parts.hours = true;
     return startsWith(code, "am/pm") ? 5 : 3;
   }
-  switch (lowered(code.front())) {
+  switch (form::smallLetter(code.front())) {
     case '"':
       return code.find('"', 1) == std::string_view::npos ? 0 : code.find('"', 1) + 1;
     case '\\':

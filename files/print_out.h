@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/file_store.h"
 #include "platform/message_box.h"
@@ -31,7 +32,6 @@ class PrintOut {
              const std::function<bool(platform::PrintDocument&)>& draw);
 
  private:
-  std::string newName(const char* prefix);
   void savePdf(const Kind& kind, platform::MessageBoxes& messages, const std::string& document);
 
   platform::Printer& printer_;

@@ -1,33 +1,13 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 #include "files/biff.h"
+#include "files/little_endian.h"
 
 namespace vireon::files {
-
-// The number at a place, little end first; the place must lie in the bytes.
-template <typename Number>
-Number numberAt(std::string_view bytes, std::size_t place) {
-  std::uint64_t value = 0;
-  for (std::size_t index = sizeof(Number); index-- > 0;) {
-    value = value << 8U | static_cast<unsigned char>(bytes[place + index]);
-  }
-  return static_cast<Number>(value);
-}
-
-inline std::uint16_t u16At(std::string_view bytes, std::size_t place) {
-  return numberAt<std::uint16_t>(bytes, place);
-}
-inline std::uint32_t u32At(std::string_view bytes, std::size_t place) {
-  return numberAt<std::uint32_t>(bytes, place);
-}
-inline double f64At(std::string_view bytes, std::size_t place) {
-  return std::bit_cast<double>(numberAt<std::uint64_t>(bytes, place));
-}
 
 // Walks the records of a stream.
 class RecordReader {

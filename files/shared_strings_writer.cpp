@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "files/utf16.h"
+#include "form/utf8.h"
 
 namespace vireon::files {
 namespace {
@@ -29,10 +30,10 @@ class TableWriter {
   }
 
   void add(std::string_view text) {
-    const Utf16Form form = utf16Form(text);
-    const unsigned flags = form.wide ? biff::kWide : 0;
+    const Utf16Form utf16 = utf16Form(text);
+    const unsigned flags = utf16.wide ? biff::kWide : 0;
     if (room() < kStringHeader + kLongestCharacter) continueRecord();
-    out_.u16(static_cast<unsigned>(form.units));
+    out_.u16(static_cast<unsigned>(utf16.units));
     out_.u8(flags);
     while (!text.empty()) {
       // Both units of a pair stay in one record: readers decode each part by itself.
@@ -40,7 +41,7 @@ class TableWriter {
         continueRecord();
         out_.u8(flags);
       }
-      addCharacter(takeCharacter(text), form.wide);
+      addCharacter(form::takeCharacter(text), utf16.wide);
     }
   }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "files/import_rows.h"
+#include "files/list_view.h"
 #include "files/workbook_writer.h"
 
 namespace vireon::files {

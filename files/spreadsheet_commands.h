@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "files/file_names.h"
-#include "files/list_commands.h"
 #include "files/program_folder.h"
 #include "form/main_form.h"
 #include "link/long_work.h"

@@ -2,16 +2,10 @@
 
 #include <optional>
 
+#include "form/ascii.h"
+
 namespace vireon::files {
 namespace {
-
-constexpr std::string_view kBlanks = " \t";
-
-std::string_view withoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 // Takes one or two digits off the front.
 std::optional<int> takeNumber(std::string_view& rest, int most) {
@@ -43,12 +37,12 @@ std::optional<Half> halfOf(std::string_view text) {
 }
 
 std::optional<int> secondsOf(std::string_view text) {
-  std::string_view rest = withoutBlanks(text);
+  std::string_view rest = form::withoutBlanks(text);
   const auto hour = takeNumber(rest, 23);
   if (!hour || !takeColon(rest)) return std::nullopt;
   const auto minute = takeNumber(rest, 59);
   const auto second = takeColon(rest) ? takeNumber(rest, 59) : 0;
-  const auto half = halfOf(withoutBlanks(rest));
+  const auto half = halfOf(form::withoutBlanks(rest));
   if (!minute || !second || !half) return std::nullopt;
   int hours = *hour;
   if (*half != Half::kNone) {

@@ -7,13 +7,6 @@
 
 namespace vireon::files {
 
-inline constexpr char32_t kReplacement = 0xFFFD;
-
-// Cuts the first character off a UTF-8 text that is not empty. A byte that belongs to none is U+FFFD.
-char32_t takeCharacter(std::string_view& rest);
-
-void appendUtf8(std::string& out, char32_t character);
-
 // How a UTF-8 text stands in UTF-16.
 struct Utf16Form {
   std::size_t units = 0;

@@ -1,5 +1,7 @@
 #include "files/workbook_globals.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <utility>

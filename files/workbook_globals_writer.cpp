@@ -21,13 +21,7 @@ constexpr unsigned kTimeFormat = 165;
 constexpr int kStyles = 15;  // formats of styles, before the first one of cells
 
 void writeStart(RecordWriter& out) {
-  out.begin(biff::kBof, 16);
-  out.u16(biff::kVersion8);
-  out.u16(biff::kGlobals);
-  out.u16(0x0DBB);      // build
-  out.u16(0x07CC);      // and its year
-  out.u32(0x00000041);  // history
-  out.u32(biff::kVersion8);
+  out.beginPart(biff::kGlobals);
 
   out.begin(biff::kCodePage, 2);
   out.u16(1200);  // UTF-16

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "files/progress.h"
 #include "files/sheet.h"
-#include "files/workbook.h"
 
 namespace vireon::files {
 

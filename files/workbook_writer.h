@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/progress.h"
 #include "files/workbook.h"
 
 namespace vireon::files {

@@ -8,6 +8,7 @@
 
 #include "files/record_reader.h"
 #include "files/text_reader.h"
+#include "files/workbook.h"
 
 namespace vireon::files {
 namespace {

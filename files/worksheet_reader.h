@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "files/progress.h"
 #include "files/sheet_builder.h"
-#include "files/workbook.h"
 #include "files/workbook_globals.h"
 
 namespace vireon::files {

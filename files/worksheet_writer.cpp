@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <vector>
 
 #include "files/workbook_globals_writer.h"
 
@@ -42,13 +41,7 @@ class WorksheetWriter {
  private:
   // Returns where the index lists the blocks' positions.
   std::size_t writeStart() {
-    out_.begin(biff::kBof, 16);
-    out_.u16(biff::kVersion8);
-    out_.u16(biff::kWorksheet);
-    out_.u16(0x0DBB);
-    out_.u16(0x07CC);
-    out_.u32(0x00000041);
-    out_.u32(biff::kVersion8);
+    out_.beginPart(biff::kWorksheet);
 
     const auto rows = static_cast<std::size_t>(cells_.rows());
     const auto listLength = static_cast<std::size_t>(blocks_) * 4;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "form/color.h"

@@ -2,7 +2,8 @@
 #include <string>
 #include <vector>
 
-#include "files/list_commands.h"
+#include "files/list_text_file.h"
+#include "files/list_view.h"
 #include "files/time_text.h"
 #include "fuzz/arena.h"
 #include "fuzz/saved_file_rig.h"
@@ -13,7 +14,6 @@ using vireon::form::Grid;
 using vireon::fuzz::require;
 using vireon::fuzz::SavedFileRig;
 
-constexpr int kColumns = 4;
 constexpr int kTimeColumn = 1;
 
 // The cells that a save writes, as they are read back.
@@ -21,7 +21,7 @@ std::vector<std::string> writtenCells(const Grid& list) {
   std::vector<std::string> cells;
   const int rows = vireon::files::writtenRows(list);
   for (int row = 0; row < rows; ++row) {
-    for (int column = 0; column < kColumns; ++column) {
+    for (int column = 0; column < vireon::files::kListColumns; ++column) {
       const std::string& text = list.text(row, column);
       cells.push_back(column == kTimeColumn ? vireon::files::timeText(text) : text);
       std::replace_if(
@@ -35,7 +35,7 @@ std::vector<std::string> writtenCells(const Grid& list) {
 std::vector<std::string> shownCells(const Grid& list) {
   std::vector<std::string> cells;
   for (int row = 0; row < vireon::files::writtenRows(list); ++row) {
-    for (int column = 0; column < kColumns; ++column) {
+    for (int column = 0; column < vireon::files::kListColumns; ++column) {
       cells.push_back(list.text(row, column));
     }
   }
@@ -47,7 +47,7 @@ std::vector<std::string> shownCells(const Grid& list) {
 void fuzzList(SavedFileRig& rig, const std::string& content) {
   const Grid& list = rig.program.form.grdLog;
   const bool loaded = rig.opens(".txt", content);
-  require(list.rows() >= 13 && list.columns() == kColumns);
+  require(list.rows() >= 13 && list.columns() == vireon::files::kListColumns);
   if (!loaded || vireon::files::isEmptyList(list)) {
     return;
   }

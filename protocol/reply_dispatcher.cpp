@@ -2,7 +2,6 @@
 
 #include <exception>
 #include <new>
-#include <string_view>
 
 #include "protocol/reply_text.h"
 #include "protocol/scoped_flag.h"

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "adapters/hid/monotonic_clock.h"

@@ -5,11 +5,11 @@
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace vireon::adapters {
 namespace {

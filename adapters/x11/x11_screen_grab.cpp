@@ -81,7 +81,7 @@ platform::Bitmap screenPart(xcb_connection_t* connection, const platform::Screen
                                        std::min<int>(at.right, screen.width_in_pixels),
                                        std::min<int>(at.bottom, screen.height_in_pixels)};
   const xcb_visualtype_t* const visual = visualOf(connection);
-  if (std::int64_t{at.right - at.left} * (at.bottom - at.top) > kMostPixels) {
+  if ((std::int64_t{at.right} - at.left) * (std::int64_t{at.bottom} - at.top) > kMostPixels) {
     return {};
   }
   if (visual == nullptr || seen.left >= seen.right || seen.top >= seen.bottom) {

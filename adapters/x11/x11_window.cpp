@@ -1,5 +1,7 @@
 #include "adapters/x11/x11_window.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -11,6 +13,21 @@ constexpr std::uint32_t kMostNumbers = 16;
 
 // Edges of a window in the order of these properties.
 enum Edge : std::size_t { kLeft, kRight, kTop, kBottom, kEdges };
+
+// Pixels; more than a window can have. What says so is another program.
+constexpr std::uint32_t kWidestEdge = 65535;
+
+// What a property says of the four edges, in pixels; all 0 where it is not there or cannot be.
+std::array<int, kEdges> edgesOf(const X11Window& window, const char* property) {
+  std::array<int, kEdges> edges{};
+  const auto told = window.numbers(property);
+  if (told.size() == kEdges &&
+      std::all_of(told.begin(), told.end(), [](std::uint32_t edge) { return edge <= kWidestEdge; })) {
+    std::transform(told.begin(), told.end(), edges.begin(),
+                   [](std::uint32_t edge) { return static_cast<int>(edge); });
+  }
+  return edges;
+}
 
 }  // namespace
 
@@ -78,17 +95,12 @@ std::optional<platform::ScreenRectangle> X11Window::outside() const {
   if (top != window_) {
     return at;
   }
-  // A frame beside the window, by a window manager that does not put windows into frames.
-  if (const auto frameEdges = numbers("_NET_FRAME_EXTENTS"); frameEdges.size() == kEdges) {
-    *at = {at->left - static_cast<int>(frameEdges[kLeft]), at->top - static_cast<int>(frameEdges[kTop]),
-           at->right + static_cast<int>(frameEdges[kRight]),
-           at->bottom + static_cast<int>(frameEdges[kBottom])};
-  }
-  // A shadow that the program draws around its own frame inside the window.
-  if (const auto shadow = numbers("_GTK_FRAME_EXTENTS"); shadow.size() == kEdges) {
-    *at = {at->left + static_cast<int>(shadow[kLeft]), at->top + static_cast<int>(shadow[kTop]),
-           at->right - static_cast<int>(shadow[kRight]), at->bottom - static_cast<int>(shadow[kBottom])};
-  }
+  // A frame beside the window, by a window manager that does not put windows into frames; a shadow that the
+  // program draws around its own frame inside the window.
+  const auto frameEdges = edgesOf(*this, "_NET_FRAME_EXTENTS");
+  const auto shadow = edgesOf(*this, "_GTK_FRAME_EXTENTS");
+  *at = {at->left - frameEdges[kLeft] + shadow[kLeft], at->top - frameEdges[kTop] + shadow[kTop],
+         at->right + frameEdges[kRight] - shadow[kRight], at->bottom + frameEdges[kBottom] - shadow[kBottom]};
   return at;
 }
 

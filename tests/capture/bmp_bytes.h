@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "capture/little_endian.h"
+#include "files/little_endian.h"
 
 namespace vireon::tests {
 
@@ -24,22 +24,22 @@ struct BmpBytes {
     std::string bytes = "BM";
     const std::uint32_t dataAt = 14 + headerSize + static_cast<std::uint32_t>(masks.size()) +
                                  static_cast<std::uint32_t>(colors.size());
-    capture::appendDoubleWord(bytes, dataAt + static_cast<std::uint32_t>(data.size()));
-    capture::appendDoubleWord(bytes, 0);
-    capture::appendDoubleWord(bytes, dataAt);
-    capture::appendDoubleWord(bytes, headerSize);
+    files::appendNumber(bytes, dataAt + static_cast<std::uint32_t>(data.size()), 4);
+    files::appendNumber(bytes, 0, 4);
+    files::appendNumber(bytes, dataAt, 4);
+    files::appendNumber(bytes, headerSize, 4);
     if (headerSize == 12) {
-      capture::appendWord(bytes, static_cast<std::uint32_t>(width));
-      capture::appendWord(bytes, static_cast<std::uint32_t>(height));
-      capture::appendWord(bytes, 1);
-      capture::appendWord(bytes, bits);
+      files::appendNumber(bytes, static_cast<std::uint32_t>(width), 2);
+      files::appendNumber(bytes, static_cast<std::uint32_t>(height), 2);
+      files::appendNumber(bytes, 1, 2);
+      files::appendNumber(bytes, bits, 2);
     } else {
-      capture::appendDoubleWord(bytes, static_cast<std::uint32_t>(width));
-      capture::appendDoubleWord(bytes, static_cast<std::uint32_t>(height));
-      capture::appendWord(bytes, 1);
-      capture::appendWord(bytes, bits);
+      files::appendNumber(bytes, static_cast<std::uint32_t>(width), 4);
+      files::appendNumber(bytes, static_cast<std::uint32_t>(height), 4);
+      files::appendNumber(bytes, 1, 2);
+      files::appendNumber(bytes, bits, 2);
       for (const std::uint32_t field : {compression, 0U, 0U, 0U, colorsUsed, 0U}) {
-        capture::appendDoubleWord(bytes, field);
+        files::appendNumber(bytes, field, 4);
       }
       bytes.resize(14 + headerSize);
     }

@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <limits>
 #include <string>
 #include <string_view>
+
+#include "tests/fakes/comma_locale.h"
 
 namespace vireon::tests {
 namespace {
@@ -111,6 +117,44 @@ TEST(CellText, NumbersAreAsShortAsTheyCanBe) {
   EXPECT_EQ(plain(number(-1.234)), "-1.234");
   EXPECT_EQ(plain(number(123456789012345)), "123456789012345");
   EXPECT_EQ(plain(number(1e-5)), "1E-05");
+}
+
+TEST(CellText, NumbersHaveFifteenDigitsAndAnExponentWhereMoreWouldBeNeeded) {
+  EXPECT_EQ(plain(number(2.50)), "2.5");
+  EXPECT_EQ(plain(number(1e14)), "100000000000000");
+  EXPECT_EQ(plain(number(1e15)), "1E+15");
+  EXPECT_EQ(plain(number(999999999999999.5)), "1E+15");
+  EXPECT_EQ(plain(number(1e20)), "1E+20");
+  EXPECT_EQ(plain(number(-1.25e100)), "-1.25E+100");
+  EXPECT_EQ(plain(number(1234567890123456)), "1.23456789012346E+15");
+  EXPECT_EQ(plain(number(0.0001)), "0.0001");
+  EXPECT_EQ(plain(number(0.00012345678901234567)), "0.000123456789012346");
+}
+
+TEST(CellText, NumbersOfEverySizeAreAsTheLibraryPrintsThem) {
+  for (int exponent = -323; exponent <= 308; ++exponent) {
+    for (const double factor : {1.0, 1.0 / 3, 1.5, 9.99999999999999944, 1.00000000000000022, -7.25}) {
+      const double value = std::pow(10.0, exponent) * factor;
+      std::array<char, 40> expected{};
+      std::snprintf(expected.data(), expected.size(), "%.15G", value);
+      if (std::isfinite(value)) {
+        EXPECT_EQ(plain(number(value)), expected.data());
+      }
+    }
+  }
+  EXPECT_EQ(plain(number(std::numeric_limits<double>::max())), "1.79769313486232E+308");
+}
+
+TEST(CellText, NumbersHaveAPointWhereTheSystemWritesAComma) {
+  const CommaLocale locale;
+  if (!locale.made()) GTEST_SKIP() << "without localedef";
+  std::array<char, 8> local{};
+  std::snprintf(local.data(), local.size(), "%.1f", 1.5);
+  ASSERT_STREQ(local.data(), "1,5");
+  EXPECT_EQ(plain(number(1.5)), "1.5");
+  EXPECT_EQ(plain(number(-1.25e20)), "-1.25E+20");
+  EXPECT_EQ(plain(number(60.5, NumberKind::kDateAndTime)), "60.5");
+  EXPECT_EQ(recordNumber(number(1234567.5)), "1234568");
 }
 
 TEST(CellText, BooleansAndErrorsHaveTheirNamesInEveryColumn) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "files/file_commands.h"
+#include "files/list_row.h"
 #include "files/trend_file.h"
 #include "meter/panel_layouts.h"
 #include "protocol/reply_dispatcher.h"

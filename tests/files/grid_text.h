@@ -8,7 +8,7 @@
 
 namespace vireon::tests {
 
-using GridText = std::vector<files::ImportedRow>;
+using GridText = std::vector<files::ListRow>;
 
 // A view of rows of four texts, which must outlive it.
 inline files::SheetText sheetOf(const GridText& grid) {
@@ -17,7 +17,7 @@ inline files::SheetText sheetOf(const GridText& grid) {
           }};
 }
 
-inline const files::ImportedRow kHeader{"R/No", "Time", "Reading", "Remarks"};
+inline const files::ListRow kHeader{"R/No", "Time", "Reading", "Remarks"};
 
 // A download of so many records, as the instrument lists one.
 inline GridText loggerGrid(int records) {

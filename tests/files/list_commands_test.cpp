@@ -1,5 +1,6 @@
 #include "files/list_commands.h"
 
+#include "files/list_text_file.h"
 #include "tests/files/file_fixture.h"
 
 namespace vireon::files {

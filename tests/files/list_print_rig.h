@@ -15,7 +15,7 @@ struct ListPrintRig {
     print.connectEvents();
   }
 
-  void setRow(int row, const files::ListLine& line) {
+  void setRow(int row, const files::ListRow& line) {
     for (int column = 0; column < 4; ++column) {
       form.grdLog.setText(row, column, line[static_cast<std::size_t>(column)]);
     }

@@ -21,7 +21,7 @@ class ListPrint : public testing::Test {
     }
   }
 
-  void setRow(int row, const files::ListLine& line) { rig.setRow(row, line); }
+  void setRow(int row, const files::ListRow& line) { rig.setRow(row, line); }
 
   // The texts of a printed page, line by line, "|" between the columns.
   std::vector<std::string> page(std::size_t number) const {
@@ -204,7 +204,7 @@ TEST_F(ListPrint, WhereTheTrendPlotIsShownTheButtonClearsIt) {
 }
 
 TEST_F(ListPrint, AListUpToTheLimitIsPrintedInOneGo) {
-  fill(files::ListPrint::kLongList - 1);
+  fill(files::ListPrint::kLongPrint - 1);
   form.cmdLprt.click();
   EXPECT_EQ(rig.pump.pumps, 0U);
   EXPECT_EQ(printer.jobs.size(), 1U);

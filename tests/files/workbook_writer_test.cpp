@@ -275,7 +275,7 @@ TEST(WorkbookWriter, AsksForEachCellOnceAndKeepsNoView) {
                                              return text;
                                            }});
   EXPECT_EQ(asked, std::vector<int>(12, 1));
-  EXPECT_EQ(files::importRows(result.stream).rows[2], (files::ImportedRow{"2-0", "2-1", "2-2", "2-3"}));
+  EXPECT_EQ(files::importRows(result.stream).rows[2], (files::ListRow{"2-0", "2-1", "2-2", "2-3"}));
 }
 
 }  // namespace

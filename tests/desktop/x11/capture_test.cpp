@@ -2,7 +2,9 @@
 
 #include <QLabel>
 #include <QScrollBar>
+#include <QWidget>
 #include <QWindow>
+#include <string>
 
 #include "adapters/qt/bitmap_image.h"
 #include "adapters/qt/desktop_grab.h"
@@ -74,6 +76,49 @@ TEST_F(X11Capture, AnotherProgramsWindowIsTakenWithItsFrame) {
   ASSERT_TRUE(waitFor([&] { return screen.foregroundWindow() == theirs; }));
   settle();
   expectTaken(theirs);
+}
+
+// A window that no window manager puts into a frame, with what is said of its edges: left, right, top,
+// bottom.
+class X11EdgesTold : public X11Capture {
+ protected:
+  void SetUp() override {
+    X11Capture::SetUp();
+    if (IsSkipped() || HasFatalFailure()) return;
+    unframed.setGeometry(100, 200, 300, 150);
+    unframed.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&unframed, kPatience));
+    ASSERT_TRUE(waitFor([this] { return screen.windowRectangle(unframed.winId()) == kPlain; }));
+  }
+
+  void tell(const char* property, const std::string& edges) const {
+    ASSERT_TRUE(outputOf({"xprop", "-id", std::to_string(unframed.winId()), "-format", property, "32c",
+                          "-set", property, edges}));
+  }
+
+  static constexpr platform::ScreenRectangle kPlain{100, 200, 400, 350};
+  QWidget unframed{nullptr, Qt::BypassWindowManagerHint};
+};
+
+TEST_F(X11EdgesTold, AFrameBesideTheWindowBelongsToItAndAShadowInsideDoesNot) {
+  tell("_NET_FRAME_EXTENTS", "1, 2, 24, 3");
+  EXPECT_EQ(screen.windowRectangle(unframed.winId()), (platform::ScreenRectangle{99, 176, 402, 353}));
+  tell("_GTK_FRAME_EXTENTS", "1, 2, 24, 3");
+  EXPECT_EQ(screen.windowRectangle(unframed.winId()), kPlain);
+}
+
+TEST_F(X11EdgesTold, EdgesThatNoWindowHasAreNotBelieved) {
+  tell("_NET_FRAME_EXTENTS", "2147483647, 2147483647, 2147483647, 2147483647");
+  tell("_GTK_FRAME_EXTENTS", "0, 0, 65536, 0");
+  EXPECT_EQ(screen.windowRectangle(unframed.winId()), kPlain);
+}
+
+TEST_F(X11EdgesTold, AWindowFarLargerThanAnyScreenIsNotTaken) {
+  tell("_NET_FRAME_EXTENTS", "10000, 10000, 10000, 10000");
+  const auto at = screen.windowRectangle(unframed.winId());
+  ASSERT_TRUE(at);
+  ASSERT_GT(at->right - at->left, 20000);
+  EXPECT_TRUE(screen.grab(unframed.winId(), false, 0, 0, at->right - at->left, at->bottom - at->top).empty());
 }
 
 TEST_F(X11Capture, AWindowPartlyOutsideTheScreenIsBlackThere) {
