@@ -3,6 +3,7 @@
 
 #include "adapters/spreadsheet/gsf_compound_files.h"
 #include "files/import_rows.h"
+#include "files/workbook.h"
 #include "fuzz/require.h"
 
 // An input is a compound file. The workbook that is in it is read; it is packed and unpacked unchanged.

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "files/workbook.h"
 #include "tests/files/grid_text.h"
 #include "tests/files/workbook_bytes.h"
 

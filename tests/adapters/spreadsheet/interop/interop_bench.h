@@ -9,6 +9,7 @@
 
 #include "adapters/spreadsheet/gsf_compound_files.h"
 #include "files/import_rows.h"
+#include "files/workbook.h"
 #include "tests/fakes/temporary_folder.h"
 
 namespace vireon::tests {
