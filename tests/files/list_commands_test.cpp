@@ -6,9 +6,9 @@
 namespace vireon::files {
 namespace {
 
-class ListText : public tests::FileFixture {
+class ListAsText : public tests::FileFixture {
  protected:
-  ListText() { showLogger(); }
+  ListAsText() { showLogger(); }
 
   void name(const std::string& text) { form.txtFn[1].setText(text); }
   void save() { commands.cmdSave_Click(1); }
@@ -18,7 +18,7 @@ class ListText : public tests::FileFixture {
   }
 };
 
-TEST_F(ListText, IsSavedWithItsHeaderAndTold) {
+TEST_F(ListAsText, IsSavedWithItsHeaderAndTold) {
   fillList(2);
   name("mine");
   save();
@@ -28,7 +28,7 @@ TEST_F(ListText, IsSavedWithItsHeaderAndTold) {
   expectMessage("Complete Text file: \r\nfolder/mine.txt");
 }
 
-TEST_F(ListText, ReplacesAFileOfATypedName) {
+TEST_F(ListAsText, ReplacesAFileOfATypedName) {
   file("mine.txt") = "old";
   fillList(1);
   name("mine");
@@ -36,7 +36,7 @@ TEST_F(ListText, ReplacesAFileOfATypedName) {
   EXPECT_NE(file("mine.txt"), "old");
 }
 
-TEST_F(ListText, AnEmptyBoxGetsANameOfDateAndTimeThatIsMadeAnewEachTime) {
+TEST_F(ListAsText, AnEmptyBoxGetsANameOfDateAndTimeThatIsMadeAnewEachTime) {
   fillList(1);
   save();
   EXPECT_TRUE(hasFile("Log_071221_153012.txt"));
@@ -45,7 +45,7 @@ TEST_F(ListText, AnEmptyBoxGetsANameOfDateAndTimeThatIsMadeAnewEachTime) {
   EXPECT_TRUE(hasFile("Log_071221_163012.txt"));
 }
 
-TEST_F(ListText, AnEmptyListSavesNothing) {
+TEST_F(ListAsText, AnEmptyListSavesNothing) {
   for (int rows : {1, 2, 13}) {
     form.grdLog.setRows(rows);
     save();
@@ -58,14 +58,14 @@ TEST_F(ListText, AnEmptyListSavesNothing) {
   EXPECT_EQ(disk.replaces, 0U);
 }
 
-TEST_F(ListText, ARefusedNameGivesOneMessage) {
+TEST_F(ListAsText, ARefusedNameGivesOneMessage) {
   fillList(1);
   name("..");
   save();
   expectRefusedName();
 }
 
-TEST_F(ListText, EachFailureGivesOneMessageAndNoWordOfSuccess) {
+TEST_F(ListAsText, EachFailureGivesOneMessageAndNoWordOfSuccess) {
   fillList(1);
   name("mine");
   file("mine.txt") = "old";
@@ -81,7 +81,7 @@ TEST_F(ListText, EachFailureGivesOneMessageAndNoWordOfSuccess) {
   }
 }
 
-TEST_F(ListText, SaysThatSomeLettersDidNotFit) {
+TEST_F(ListAsText, SaysThatSomeLettersDidNotFit) {
   fillList(1);
   form.grdLog.setText(1, 3, "한글");
   name("mine");
@@ -89,7 +89,7 @@ TEST_F(ListText, SaysThatSomeLettersDidNotFit) {
   EXPECT_EQ(panel(), "Saved mine.txt; \"?\" stands for each letter that such a file cannot hold");
 }
 
-TEST_F(ListText, IsLoadedRowByRowWithABeep) {
+TEST_F(ListAsText, IsLoadedRowByRowWithABeep) {
   file("a.txt") = "No\tTime\tReading\tRemarks\r\n1\t01:02:03\t5 \xB5\x41\tx\r\n2\t01:02:04\r\n";
   load();
   EXPECT_EQ(row(0), (Row{"No", "Time", "Reading", "Remarks"}));
@@ -101,7 +101,7 @@ TEST_F(ListText, IsLoadedRowByRowWithABeep) {
   EXPECT_EQ(messages.count(), 0U);
 }
 
-TEST_F(ListText, EmptiesTheListAndKeepsItsRows) {
+TEST_F(ListAsText, EmptiesTheListAndKeepsItsRows) {
   fillList(40);
   const int before = form.grdLog.rows();
   form.grdLog.setTopRow(20);
@@ -113,7 +113,7 @@ TEST_F(ListText, EmptiesTheListAndKeepsItsRows) {
   EXPECT_EQ(form.grdLog.topRow(), 1);
 }
 
-TEST_F(ListText, GrowsTheListSoThatOneRowIsLeftBelow) {
+TEST_F(ListAsText, GrowsTheListSoThatOneRowIsLeftBelow) {
   for (const int lines : {12, 13, 20}) {
     form.grdLog.setRows(13);
     file("a.txt").clear();
@@ -125,7 +125,7 @@ TEST_F(ListText, GrowsTheListSoThatOneRowIsLeftBelow) {
   }
 }
 
-TEST_F(ListText, SavedAndLoadedGivesTheSameListAgain) {
+TEST_F(ListAsText, SavedAndLoadedGivesTheSameListAgain) {
   fillList(30);
   setRow(7, {"7", "01:02:03", "-1.25 \xC2\xB5V", "€"});
   for (int record = 1; record <= 30; ++record) {
@@ -139,7 +139,7 @@ TEST_F(ListText, SavedAndLoadedGivesTheSameListAgain) {
   EXPECT_EQ(rows(), before);
 }
 
-TEST_F(ListText, AFileThatCannotBeLoadedSaysWhyAndLeavesTheList) {
+TEST_F(ListAsText, AFileThatCannotBeLoadedSaysWhyAndLeavesTheList) {
   fillList(3);
   const auto before = rows();
   load("folder/none.txt");
@@ -158,7 +158,7 @@ TEST_F(ListText, AFileThatCannotBeLoadedSaysWhyAndLeavesTheList) {
   EXPECT_EQ(messages.count(), 0U);
 }
 
-TEST_F(ListText, AnEmptyFileIsAnEmptyList) {
+TEST_F(ListAsText, AnEmptyFileIsAnEmptyList) {
   fillList(3);
   file("a.txt") = "";
   load();
