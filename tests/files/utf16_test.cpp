@@ -37,6 +37,7 @@ TEST(Utf16, DecodesPairsAndReplacesHalves) {
                     u"a"),
             "\xEF\xBF\xBD"
             "a");
+  EXPECT_EQ(decoded(u"\xD83D\xFF21"), "\xEF\xBF\xBD\xEF\xBC\xA1");  // a wide A behind a half
 }
 
 }  // namespace
