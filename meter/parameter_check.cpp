@@ -1,6 +1,7 @@
 #include "meter/parameter_check.h"
 
 #include <algorithm>
+#include <string>
 
 #include "form/text_encoding.h"
 #include "protocol/reply_text.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "form/fields.h"
 #include "platform/message_box.h"
 

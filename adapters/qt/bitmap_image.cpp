@@ -1,7 +1,6 @@
 #include "adapters/qt/bitmap_image.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace vireon::adapters {
 

@@ -2,7 +2,6 @@
 
 #include <QPixmap>
 #include <QWidget>
-#include <span>
 #include <vector>
 
 #include "form/picture_box.h"

@@ -3,17 +3,16 @@
 #include <algorithm>
 
 #include "app/executables/guided_window.h"
+#include "protocol/logger_mode.h"
+#include "protocol/trend_plot.h"
 
 namespace vireon::app {
 namespace {
 
 constexpr int kOhm = 2;       // list position
 constexpr int kExternal = 2;  // trigger source
-constexpr int kFullTrend = 119;
 constexpr int kRecords = 16;
 constexpr int kSettling = 5;  // looks
-
-enum Mode { kDataLogger, kRecord, kRelative, kCompare, kTrend };
 
 class Pictures {
  public:
@@ -28,9 +27,10 @@ class Pictures {
     return settle() && picture("scope-disconnected") && connectAndStart() && picture("scope-live") &&
            showReference() && picture("scope-reference") && external() && picture("scope-external-trigger") &&
            ohm() && picture("scope-ohm") && showMeter() && recordRun() && picture("meter-data-logger") &&
-           statistics(kRecord) && picture("meter-record") && statistics(kRelative) &&
-           picture("meter-relative") && setUp() && picture("meter-set-up") && statistics(kCompare) &&
-           picture("meter-compare") && trendRun() && picture("meter-trend") && viewer();
+           statistics(protocol::kRecordMode) && picture("meter-record") &&
+           statistics(protocol::kRelativeMode) && picture("meter-relative") && setUp() &&
+           picture("meter-set-up") && statistics(protocol::kCompareMode) && picture("meter-compare") &&
+           trendRun() && picture("meter-trend") && viewer();
   }
 
  private:
@@ -80,7 +80,7 @@ class Pictures {
     window_.form().cmbFun.setListIndex(0);
     window_.form().SSTab1.setTab(1);
     startSampling();
-    return nextFrames() && window_.form().cmbDmod.listIndex() == kDataLogger;
+    return nextFrames() && window_.form().cmbDmod.listIndex() == protocol::kDataLogger;
   }
 
   // Sampling as fast as the pictures need it, which the record button sets to half a second.
@@ -98,7 +98,7 @@ class Pictures {
     return recorded && nextFrames();
   }
 
-  bool statistics(Mode mode) {
+  bool statistics(protocol::LoggerMode mode) {
     step_ = std::chrono::milliseconds(100);
     window_.form().cmbDmod.setListIndex(mode);
     return nextFrames(60);
@@ -111,9 +111,9 @@ class Pictures {
 
   bool trendRun() {
     step_ = std::chrono::milliseconds(400);
-    window_.form().cmbDmod.setListIndex(kTrend);
+    window_.form().cmbDmod.setListIndex(protocol::kTrendPlot);
     record();
-    return window_.waitFor([&] { return window_.form().barTrd.value() == kFullTrend; });
+    return window_.waitFor([&] { return window_.form().barTrd.value() == protocol::kLastTrendPoint; });
   }
 
   bool viewer() {

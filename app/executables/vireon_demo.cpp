@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "protocol/logger_mode.h"
 #include "protocol/scoped_flag.h"
 
 namespace vireon::tests {
@@ -9,8 +10,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using Form = form::MainForm;
-
-constexpr int kTrendMode = 4;
 
 void withUsbSettings(FaultBench& bench) {
   bench.files.files[kSettingsPath] = kUsbSettings;
@@ -167,7 +166,7 @@ void saveTrend(FaultBench& bench) {
   Form& form = bench.form();
   {
     const protocol::ScopedFlag busy(bench.program().state.uiBusy);
-    form.cmbDmod.setListIndex(kTrendMode);
+    form.cmbDmod.setListIndex(protocol::kTrendPlot);
     form.barTrd.setValue(119);
   }
   form.txtFn[1].setText("plot");
@@ -325,7 +324,7 @@ const std::vector<Story>& stories() {
       {"RecordMode", onMeterTab, [](FaultBench& bench) { logIn(bench, 1); }, false, true},
       {"RelativeMode", onMeterTab, [](FaultBench& bench) { logIn(bench, 2); }, false, true},
       {"CompareMode", onMeterTab, [](FaultBench& bench) { logIn(bench, 3); }, false, true},
-      {"TrendPlot", onMeterTab, [](FaultBench& bench) { logIn(bench, kTrendMode); }, false, true},
+      {"TrendPlot", onMeterTab, [](FaultBench& bench) { logIn(bench, protocol::kTrendPlot); }, false, true},
       {"Download", recorded, download},
       {"Save", withAllToSave, saveAll},
       {"Open", withAllSaved, openAll},
