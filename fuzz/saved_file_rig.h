@@ -6,7 +6,7 @@
 
 namespace vireon::fuzz {
 
-// The program with a folder of saved ports.files.
+// The program with a folder of saved files.
 struct SavedFileRig : ProgramRig {
   // Opens "a" and the extension with this content; tells whether it was loaded as a whole.
   bool opens(const std::string& extension, const std::string& content) {

@@ -54,8 +54,8 @@ QString fileIn(const QMimeData& data) {
   return {};
 }
 
-constexpr std::chrono::milliseconds kMessageRetry{
-    50};  // until a close request is made again under an open message
+// Until a close request is made again under an open message.
+constexpr std::chrono::milliseconds kMessageRetry{50};
 
 }  // namespace
 
