@@ -4,6 +4,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <memory>
 
 namespace vireon::adapters {
 namespace {
@@ -12,43 +16,64 @@ namespace {
 constexpr const char* kWays[] = {"lookInLabel",    "lookInCombo",     "backButton", "forwardButton",
                                  "toParentButton", "newFolderButton", "sidebar"};
 
-// A dialog that shows the files of one folder and none else.
-class FolderDialog : public QFileDialog {
- public:
-  FolderDialog(QWidget* parent, const QString& folder)
-      : QFileDialog(parent, QString(), folder), folder_(QDir(folder).canonicalPath()) {}
+}  // namespace
 
-  void stay() {
-    if (folder_.isEmpty()) {
+// One for many questions, one after the other: to build one takes a while, and to end one waits for the disk.
+class QtFileDialogs::Dialog : public QFileDialog {
+ public:
+  // One that `stays` shows the files of one folder and none else.
+  Dialog(QWidget* parent, FileIcons& icons, bool stays) : QFileDialog(parent), stays_(stays) {
+    setOption(DontUseNativeDialog, stays);
+    setIconProvider(&icons);
+    setFileMode(AnyFile);
+    if (!stays) {
       return;
     }
-    setOption(DontUseNativeDialog);
     setFilter(QDir::Files);
     setOption(ReadOnly);
-    stays_ = true;
     for (const char* way : kWays) {
       if (auto* widget = findChild<QWidget*>(QLatin1String(way))) {
         widget->hide();
       }
     }
-    connect(this, &QFileDialog::directoryEntered, this, [this] { setDirectory(folder_); });
+    const auto comeBack = [this](const QString& path) {
+      if (isVisible() && QDir(path).canonicalPath() != folder_) {
+        setDirectory(folder_);
+      }
+    };
+    connect(this, &QFileDialog::directoryEntered, this, comeBack);
     if (auto* files = findChild<QFileSystemModel*>()) {
-      const auto comeBack = [this](const QString& path) {
-        if (QDir(path).canonicalPath() != folder_) {
-          setDirectory(folder_);
-        }
-      };
       connect(files, &QFileSystemModel::rootPathChanged, this, comeBack, Qt::QueuedConnection);
+    }
+  }
+
+  // As new, in this folder.
+  void begin(const QString& folder) {
+    folder_ = QDir(folder).canonicalPath();
+    if (auto* const files = findChild<QFileSystemModel*>()) {
+      files->setOption(QFileSystemModel::DontWatchForChanges, false);
+      const QSignalBlocker unheard(files);
+      files->setRootPath(folder);
+      files->setRootPath(QString());  // a folder that was left is read anew
+    }
+    setDirectory(folder);
+    if (auto* const name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+      name->clear();
+    }
+  }
+
+  // Follows the changes of no folder until the next question.
+  void rest() {
+    if (auto* const files = findChild<QFileSystemModel*>()) {
+      files->setOption(QFileSystemModel::DontWatchForChanges);
     }
   }
 
  protected:
   void accept() override {
-    if (stays_ && !isHere()) {
-      selectFile(QString());
-      return;
+    if (!stays_ || isHere()) {
+      QFileDialog::accept();
     }
-    QFileDialog::accept();
   }
 
  private:
@@ -58,11 +83,9 @@ class FolderDialog : public QFileDialog {
     return files.size() == 1 && !file.isDir() && QDir(file.absolutePath()).canonicalPath() == folder_;
   }
 
-  QString folder_;  // empty where there is no such folder to stay in
-  bool stays_ = false;
+  bool stays_;
+  QString folder_;
 };
-
-}  // namespace
 
 QStringList nameFilters(const std::string& filter) {
   const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
@@ -84,23 +107,53 @@ std::string QtFileDialogs::saveName(const platform::FileQuestion& question) {
   return ask(question, true);
 }
 
+QtFileDialogs::Dialog& QtFileDialogs::dialogFor(bool stays) {
+  QPointer<Dialog>& kept = stays ? staying_ : free_;
+  if (Dialog* const dialog = kept; dialog != nullptr && dialog->parentWidget() == window_) {
+    return *dialog;
+  }
+  delete kept;
+  auto dialog = std::make_unique<Dialog>(window_, icons_, stays);
+  kept = dialog.get();
+  return *dialog.release();
+}
+
 std::string QtFileDialogs::ask(const platform::FileQuestion& question, bool save) {
-  const QString folder = question.folder.empty() ? lastFolder_ : QString::fromStdString(question.folder);
-  FolderDialog dialog(window_, folder);
+  if (open_) {
+    return {};
+  }
+  const QString wanted = QString::fromStdString(question.folder);
+  const bool thereIs = !wanted.isEmpty() && QDir(wanted).exists();
+  Dialog& dialog = dialogFor(question.staysInFolder && thereIs);
+  if (lastFolder_.isEmpty() || !QDir(lastFolder_).exists()) {
+    lastFolder_ = dialog.directory().absolutePath();  // the toolkit remembers one from run to run
+  }
   dialog.setWindowTitle(save ? QStringLiteral("Save") : QStringLiteral("Open"));
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setNameFilters(nameFilters(question.filter));
   dialog.setDefaultSuffix(QString::fromStdString(question.defaultExtension));
-  if (question.staysInFolder) {
-    dialog.stay();
-  }
+  dialog.begin(thereIs ? wanted : lastFolder_);
   const ModalGate::Hold hold(gate_);
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+  const QScopedValueRollback<bool> open(open_, true);
+  const QPointer<Dialog> lives = &dialog;
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  if (lives == nullptr) {
+    return {};
+  }
+  dialog.rest();
+  const QStringList chosen = dialog.selectedFiles();
+  if (!accepted || chosen.isEmpty()) {
     return {};
   }
   lastFolder_ = dialog.directory().absolutePath();
-  return dialog.selectedFiles().front().toStdString();
+  return chosen.front().toStdString();
+}
+
+QtFileDialogs::QtFileDialogs(ModalGate& gate) : gate_(gate) {}
+
+QtFileDialogs::~QtFileDialogs() {
+  delete staying_;
+  delete free_;
 }
 
 }  // namespace vireon::adapters

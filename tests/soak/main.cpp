@@ -9,6 +9,7 @@
 #include <functional>
 #include <set>
 
+#include "tests/fakes/own_account.h"
 #include "tests/fakes/temporary_folder.h"
 #include "tests/soak/report.h"
 #include "tests/soak/soak.h"
@@ -51,11 +52,8 @@ class Complaints {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Nothing of this account is read or written.
+  const vireon::tests::OwnAccount account;
   const vireon::tests::TemporaryFolder folder;
-  for (const char* const name : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) {
-    qputenv(name, folder.path().c_str());
-  }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   vireon::soak::countObjects();
   const QApplication application(argc, argv);

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPalette>
+#include <vector>
 
 #include "tests/soak/dialog_acts.h"
 #include "tests/soak/resources.h"
@@ -15,6 +17,7 @@ namespace {
 constexpr int kTurn = 20;      // milliseconds
 constexpr int kSettling = 10;  // turns with nothing to do
 constexpr std::chrono::seconds kPatience{40};
+constexpr std::size_t kMostFileDialogs = 4;  // the window's and the viewer's, bound to a folder and free
 
 }  // namespace
 
@@ -131,6 +134,22 @@ void Rest::clickConnect(const std::string& why) {
   }
 }
 
+// The program keeps one for each kind of question from its first use on: no growth, but so many and no more.
+void Rest::endFileDialogs() {
+  std::vector<QFileDialog*> dialogs;
+  for (QWidget* const top : QApplication::topLevelWidgets()) {
+    if (auto* const dialog = qobject_cast<QFileDialog*>(top)) {
+      dialogs.push_back(dialog);
+    }
+  }
+  if (dialogs.size() > kMostFileDialogs) {
+    stage_.log.finding("file dialogs are left over: " + std::to_string(dialogs.size()));
+  }
+  for (QFileDialog* const dialog : dialogs) {
+    delete dialog;
+  }
+}
+
 void Rest::tidy() {
   const PaintWatch::OwnWork own(stage_.paints);
   if (std::filesystem::exists(stage_.folder.string() + ".away")) {
@@ -139,6 +158,7 @@ void Rest::tidy() {
     stage_.files.checkAll();
     clearFolder(stage_);
   }
+  endFileDialogs();
   stage_.form().grdLog.clear();
   stage_.form().grdLog.setRows(13);
   QApplication::setPalette(QPalette());

@@ -28,6 +28,7 @@ class Rest {
   bool linkIsIdle() const;
   void clickConnect(const std::string& why);
   void next(Goal goal);
+  void endFileDialogs();
   void tidy();
 
   Stage& stage_;

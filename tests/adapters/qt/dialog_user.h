@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <functional>
 #include <utility>
 
@@ -28,6 +29,11 @@ class DialogUser : public QObject {
  private:
   std::function<void(QFileDialog&)> act_;
 };
+
+// As typed.
+inline void name(QFileDialog& dialog, const QString& file) {
+  dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
+}
 
 // What its button does.
 inline void accept(QFileDialog& dialog) {

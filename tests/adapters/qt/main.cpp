@@ -4,8 +4,10 @@
 
 #include "tests/adapters/qt/error_log.h"
 #include "tests/fakes/fault_report.h"
+#include "tests/fakes/own_account.h"
 
 int main(int argc, char** argv) {
+  const vireon::tests::OwnAccount account;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);

@@ -122,7 +122,7 @@ TEST_F(ScreenPrintButton, SavesToTheChosenFileAndOpensItAgain) {
   QString path;
   const auto choosePicture = [&](QFileDialog& dialog) {
     path = dialog.directory().filePath(QStringLiteral("picture.BMP"));
-    dialog.selectFile(QStringLiteral("picture"));
+    name(dialog, QStringLiteral("picture"));
     accept(dialog);
   };
   {

@@ -4,8 +4,10 @@
 #include <memory>
 
 #include "tests/desktop/wayland/wayland_desktop.h"
+#include "tests/fakes/own_account.h"
 
 int main(int argc, char** argv) {
+  const vireon::tests::OwnAccount account;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();

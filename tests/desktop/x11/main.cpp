@@ -6,8 +6,10 @@
 #include "tests/adapters/qt/error_log.h"
 #include "tests/desktop/x11/x11_desktop.h"
 #include "tests/fakes/fault_report.h"
+#include "tests/fakes/own_account.h"
 
 int main(int argc, char** argv) {
+  const vireon::tests::OwnAccount account;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();

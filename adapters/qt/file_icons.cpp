@@ -1,0 +1,24 @@
+#include "adapters/qt/file_icons.h"
+
+#include <QFileInfo>
+#include <QMimeDatabase>
+#include <QMimeType>
+
+namespace vireon::adapters {
+
+QIcon FileIcons::icon(const QFileInfo& file) const {
+  return file.isDir() ? folder_ : file_;
+}
+
+QString FileIcons::type(const QFileInfo& file) const {
+  const QMimeDatabase kinds;
+  const auto known = kinds.mimeTypesForFileName(file.fileName());
+  QMimeType kind =
+      known.isEmpty() ? kinds.mimeTypeForName(QStringLiteral("application/octet-stream")) : known.front();
+  if (file.isDir()) {
+    kind = kinds.mimeTypeForName(QStringLiteral("inode/directory"));
+  }
+  return kind.comment().isEmpty() ? QStringLiteral("?") : kind.comment();
+}
+
+}  // namespace vireon::adapters
