@@ -74,7 +74,7 @@ std::optional<std::string> ProgramFolder::read(const std::string& path, std::siz
 }
 
 void ProgramFolder::say(const std::string& text) {
-  form_.StatusBar1.setPanel(1, form::text1252FromUtf8(text).text);
+  form_.StatusBar1.setPanel(1, text);
 }
 
 void ProgramFolder::sayLoaded(const std::string& path) {

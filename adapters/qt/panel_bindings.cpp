@@ -80,9 +80,9 @@ StatusBarBinding::StatusBarBinding(const form::StatusBar& control, QWidget& widg
 void StatusBarBinding::show() {
   for (int panel = 1; panel <= form::StatusBar::kPanels; ++panel) {
     if (QLabel* const label = labels_.at(static_cast<std::size_t>(panel - 1))) {
-      const QString text = shown(control_.panel(panel));
+      const QString text = shownUtf8(control_.panel(panel));
       const QString fitting = QFontMetrics(label->font()).elidedText(text, Qt::ElideRight, roomOf(*label));
-      const QString toolTip = shown(control_.toolTip(panel));
+      const QString toolTip = shownUtf8(control_.toolTip(panel));
       label->setText(fitting);
       label->setToolTip(toolTip.isEmpty() && fitting != text ? text : toolTip);
       label->setAccessibleDescription(text);

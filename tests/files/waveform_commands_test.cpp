@@ -174,7 +174,15 @@ TEST_F(WaveformSaving, TheNameOfTheDiskIsUtf8) {
   save();
   take(frame_.bytes());
   EXPECT_TRUE(hasFile("5 µs.wfm"));
-  EXPECT_EQ(panel(), "Saved 5 \xB5s.wfm");
+  EXPECT_EQ(panel(), "Saved 5 µs.wfm");
+}
+
+TEST_F(WaveformSaving, TheStatusBarHasTheLettersOfTheName) {
+  form.txtFn[0].type("측정");
+  save();
+  take(frame_.bytes());
+  EXPECT_TRUE(hasFile("측정.wfm"));
+  EXPECT_EQ(panel(), "Saved 측정.wfm");
 }
 
 class WaveformLoading : public WaveformSaving {

@@ -5,7 +5,7 @@
 
 #include "adapters/posix/posix_file_store.h"
 #include "tests/adapters/posix/faulty_calls.h"
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/torture/saving_program.h"
 
 namespace vireon::tests {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "tests/adapters/posix/temporary_folder.h"
 #include "tests/fakes/fault_count.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/torture/saving_program.h"
 
 namespace vireon::tests {

@@ -11,7 +11,7 @@
 
 #include "adapters/posix/posix_file_store.h"
 #include "tests/adapters/posix/faulty_calls.h"
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 
 namespace vireon::tests {
 namespace {

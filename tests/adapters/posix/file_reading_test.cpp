@@ -13,7 +13,7 @@
 
 #include "adapters/posix/posix_file_store.h"
 #include "tests/adapters/posix/faulty_calls.h"
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/fakes/unprivileged.h"
 
 namespace vireon::tests {

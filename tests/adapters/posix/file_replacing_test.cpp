@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "adapters/posix/posix_file_store.h"
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/fakes/unprivileged.h"
 
 namespace vireon::tests {

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <limits>
 
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/fakes/unprivileged.h"
 
 namespace vireon::tests {

@@ -192,6 +192,14 @@ TEST_F(BindingOf, AStatusTextWithRoomHasTheToolTipOfItsPanel) {
   EXPECT_EQ(find<QLabel>("StatusBar1_1")->toolTip(), QStringLiteral("what it means"));
 }
 
+TEST_F(BindingOf, AStatusTextShowsEveryLetter) {
+  form().StatusBar1.setPanel(1, "Saved 측정 5 µs.wfm");
+  form().StatusBar1.setToolTip(1, "µ 측정");
+  turn();
+  EXPECT_EQ(find<QLabel>("StatusBar1_1")->text().toStdString(), "Saved 측정 5 µs.wfm");
+  EXPECT_EQ(find<QLabel>("StatusBar1_1")->toolTip().toStdString(), "µ 측정");
+}
+
 TEST_F(BindingOf, TheGridShowsItsRowsBelowTheHeader) {
   form().grdLog.setText(1, 1, "12:34:56");
   turn();

@@ -5,7 +5,7 @@
 #include <QSerialPortInfo>
 #include <filesystem>
 
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/fakes/unprivileged.h"
 
 namespace vireon::tests {

@@ -2,7 +2,7 @@
 #include <new>
 
 #include "adapters/posix/posix_file_store.h"
-#include "tests/adapters/posix/temporary_folder.h"
+#include "tests/fakes/temporary_folder.h"
 #include "tests/faults/allocation/failing_allocations.h"
 #include "tests/faults/allocation_pause.h"
 

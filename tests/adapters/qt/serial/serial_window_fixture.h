@@ -10,11 +10,11 @@
 #include "adapters/posix/posix_file_store.h"
 #include "adapters/qt/program_places.h"
 #include "adapters/qt/serial_port.h"
-#include "tests/adapters/posix/temporary_folder.h"
 #include "tests/adapters/qt/serial/open_files.h"
 #include "tests/adapters/qt/window_fixture.h"
 #include "tests/fakes/fake_raw_hid.h"
 #include "tests/fakes/simulator_process.h"
+#include "tests/fakes/temporary_folder.h"
 
 namespace vireon::tests {
 
