@@ -124,10 +124,11 @@ class Soak::Session {
   // The next turn is asked for first: what this one does may wait for what the next one does.
   void turn() {
     hand_.start(kPainting);
+    soak_.hangs_.alive();  // while a slow device is waited for, too: the window paints
     if (gate_.paintingOnly()) {
+      notTooLong();
       return;
     }
-    soak_.hangs_.alive();
     if (stage_.shown) {
       lookAround();
     }
@@ -146,7 +147,13 @@ class Soak::Session {
     if (!stage_.program().connection.operations().running() && !gate_.closed()) {
       idleSince_ = std::chrono::steady_clock::now();
       soak_.messages.look(stage_.program().connection.connected(), far_.farewells, stage_.inputs);
-    } else if (std::chrono::steady_clock::now() - idleSince_ > kBusy) {
+    } else {
+      notTooLong();
+    }
+  }
+
+  void notTooLong() {
+    if (std::chrono::steady_clock::now() - idleSince_ > kBusy) {
       soak_.log.finding("the link has been busy, or a message open, for too long");
       idleSince_ = std::chrono::steady_clock::now();
     }
