@@ -109,11 +109,14 @@ std::string QtFileDialogs::saveName(const platform::FileQuestion& question) {
 
 QtFileDialogs::Dialog& QtFileDialogs::dialogFor(bool stays) {
   QPointer<Dialog>& kept = stays ? staying_ : free_;
-  if (Dialog* const dialog = kept; dialog != nullptr && dialog->parentWidget() == window_) {
+  if (Dialog* const dialog = kept) {
+    if (dialog->parentWidget() != window_) {
+      dialog->setParent(window_, dialog->windowFlags());
+    }
     return *dialog;
   }
-  delete kept;
   auto dialog = std::make_unique<Dialog>(window_, icons_, stays);
+  owned_.add(dialog.get());
   kept = dialog.get();
   return *dialog.release();
 }
@@ -147,13 +150,6 @@ std::string QtFileDialogs::ask(const platform::FileQuestion& question, bool save
   }
   lastFolder_ = dialog.directory().absolutePath();
   return chosen.front().toStdString();
-}
-
-QtFileDialogs::QtFileDialogs(ModalGate& gate) : gate_(gate) {}
-
-QtFileDialogs::~QtFileDialogs() {
-  delete staying_;
-  delete free_;
 }
 
 }  // namespace vireon::adapters

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObjectCleanupHandler>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -14,10 +15,7 @@ namespace vireon::adapters {
 class QtFileDialogs : public platform::FileDialogs {
  public:
   // `gate` outlives this object.
-  explicit QtFileDialogs(ModalGate& gate);
-  QtFileDialogs(const QtFileDialogs&) = delete;
-  QtFileDialogs& operator=(const QtFileDialogs&) = delete;
-  ~QtFileDialogs() override;
+  explicit QtFileDialogs(ModalGate& gate) : gate_(gate) {}
 
   // Later dialogs stand over this window while it lives; without one they stand alone.
   void setParentWindow(QWidget* window) { window_ = window; }
@@ -35,8 +33,9 @@ class QtFileDialogs : public platform::FileDialogs {
   FileIcons icons_;
   QPointer<QWidget> window_;
   QString lastFolder_;
-  QPointer<Dialog> staying_;  // these live as long as their window, or as this where there is none
+  QPointer<Dialog> staying_;
   QPointer<Dialog> free_;
+  QObjectCleanupHandler owned_;  // both, but where their window ended them
   bool open_ = false;
 };
 

@@ -160,6 +160,19 @@ TEST_F(FileDialogs, StandOverTheirWindow) {
   dialogs.openName(question());
 }
 
+TEST_F(FileDialogs, StandOverTheWindowOfTheDay) {
+  QWidget window;
+  const DialogUser first([](QFileDialog& dialog) { dialog.reject(); });
+  dialogs.openName(question());
+  dialogs.setParentWindow(&window);
+  const DialogUser second([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.parentWidget(), &window);
+    EXPECT_TRUE(dialog.isWindow());
+    dialog.reject();
+  });
+  dialogs.openName(question());
+}
+
 TEST_F(FileDialogs, KeepToTheirFolderWhereTheyMust) {
   platform::FileQuestion bound = question();
   bound.staysInFolder = true;
