@@ -46,7 +46,7 @@ bool Program::Form_Load() {
   form.attend([&] {
     form.attend([&] { loaded = load(); });
     if (!loaded) {
-      Form_Unload();
+      connection.release();
     }
   });
   return loaded;

@@ -109,7 +109,7 @@ void Program::Form_QueryUnload() {
 
 void Program::Form_Unload() {
   frmCapture.Form_Unload();
-  connection.release();
+  connection.leave();
 }
 
 bool Program::requestClose() {

@@ -1,6 +1,7 @@
 #include "link/connection_control.h"
 
 #include "link/advice.h"
+#include "link/at_end.h"
 #include "link/window_state.h"
 #include "protocol/scoped_flag.h"
 #include "protocol/vocabulary.h"
@@ -30,6 +31,9 @@ void ConnectionControl::onFrame(const std::function<void()>& dspRcv) {
 }
 
 bool ConnectionControl::transKcmd(std::string_view command) {
+  if (left_) {
+    return false;
+  }
   beeper_.beep();
   if (form_.StatusBar1.panel(1) == kUsbOnly) {
     form_.StatusBar1.setPanel(1, "");
@@ -87,7 +91,7 @@ void ConnectionControl::cmdBttn_Click(int index) {
     }
   } else if (connected()) {
     disconnect();
-  } else if (!link_.linkBusy && !link_.portSearch) {
+  } else if (!left_ && !link_.linkBusy && !link_.portSearch) {
     connect();
   }
 }
@@ -159,6 +163,11 @@ void ConnectionControl::release() {
     trans_usb(protocol::kGoToLocal);
     apiUsb_.closeDevice();
   }
+}
+
+void ConnectionControl::leave() {
+  const AtEnd forGood([this] { left_ = true; });
+  release();
 }
 
 }  // namespace vireon::link

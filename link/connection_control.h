@@ -93,6 +93,8 @@ class ConnectionControl {
 
   // Takes leave of an open USB device and closes it; returns at once when none is open.
   void release();
+  // The same for good: the window goes, and what comes after it sends nothing and opens nothing.
+  void leave();
 
   bool connected() const { return form_.cmdBttn[0].backColor() == form::kLightGreen; }
 
@@ -118,6 +120,7 @@ class ConnectionControl {
   Operations operations_;
   SerialLink serial_;
   std::function<void()> dspRcv_;
+  bool left_ = false;
 };
 
 }  // namespace vireon::link

@@ -8,6 +8,9 @@
 namespace vireon::link {
 
 bool ConnectionControl::trans_usb(std::string_view command) {
+  if (left_) {
+    return false;
+  }
   if (!link_.onUsb()) {
     std::string text(command);
     serial_.trans_rs2(text);

@@ -7,8 +7,6 @@
 namespace vireon::adapters {
 namespace {
 
-constexpr int kRetry = 2;  // milliseconds until what has to wait is tried again
-
 void runAfter(int milliseconds, const ModalGate& gate, const QPointer<QObject>& owner,
               const std::function<void()>& action) {
   QTimer::singleShot(milliseconds, QCoreApplication::instance(), [&gate, owner, action] {
@@ -16,7 +14,7 @@ void runAfter(int milliseconds, const ModalGate& gate, const QPointer<QObject>& 
       return;
     }
     if (gate.paintingOnly()) {
-      runAfter(kRetry, gate, owner, action);
+      runAfter(0, gate, owner, action);
     } else {
       action();
     }
@@ -29,15 +27,16 @@ void runLater(const ModalGate& gate, QObject& owner, const std::function<void()>
   runAfter(0, gate, &owner, action);
 }
 
-PatientTimer::PatientTimer(const ModalGate& gate, std::function<void()> action)
-    : gate_(gate), action_(std::move(action)) {
+PatientTimer::PatientTimer(const ModalGate& gate, std::function<void()> action,
+                           std::chrono::milliseconds retry)
+    : gate_(gate), action_(std::move(action)), retry_(retry) {
   timer_.setSingleShot(true);
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { ring(); });
 }
 
 void PatientTimer::ring() {
   if (gate_.paintingOnly()) {
-    timer_.start(kRetry);
+    timer_.start(retry_);
   } else {
     action_();
   }

@@ -17,8 +17,9 @@ void runLater(const ModalGate& gate, QObject& owner, const std::function<void()>
 // windows only paint it waits.
 class PatientTimer {
  public:
-  // `gate` outlives the timer, and the timer its action.
-  PatientTimer(const ModalGate& gate, std::function<void()> action);
+  // `gate` outlives the timer, and the timer its action. While it waits it tries again after `retry`: what
+  // has none comes first when the painting ends, before ticks that are behind.
+  PatientTimer(const ModalGate& gate, std::function<void()> action, std::chrono::milliseconds retry = {});
 
   void start(std::chrono::milliseconds delay = {}) { timer_.start(delay); }
   void stop() { timer_.stop(); }
@@ -28,6 +29,7 @@ class PatientTimer {
 
   const ModalGate& gate_;
   std::function<void()> action_;
+  std::chrono::milliseconds retry_;
   QTimer timer_;
 };
 

@@ -147,6 +147,33 @@ TEST_F(Closing, OnUsbLeaveIsTakenOnceOfAnOpenDevice) {
   EXPECT_EQ(hid.commands, Texts{"GTL"});
 }
 
+TEST_F(Closing, WhatComesAfterTheLeaveOpensNothingAndSendsNothing) {
+  startUsb();
+  form().cmdBttn[0].click();
+  form().cmdStart.click();
+  EXPECT_TRUE(program.requestClose());
+  hid.commands.clear();
+  const auto opens = hid.opens;
+  form().tmrInt.tick();
+  form().cmdVu[0].click();
+  form().cmdBttn[0].click();
+  form().cmdBttn[0].click();
+  EXPECT_EQ(hid.commands, Texts{});
+  EXPECT_EQ(hid.opens, opens);
+  EXPECT_EQ(messages.count(), 0U);
+}
+
+TEST_F(Closing, WhatComesAfterTheEndOnASerialLinkOpensNothing) {
+  connectSerial();
+  EXPECT_TRUE(program.requestClose());
+  serialPort.attempts.clear();
+  form().cmdVu[0].click();
+  form().cmdBttn[0].click();
+  form().cmdBttn[0].click();
+  EXPECT_TRUE(serialPort.commands.empty());
+  EXPECT_TRUE(serialPort.attempts.empty());
+}
+
 TEST_F(Closing, TheExitButtonOnUsbTakesLeaveOnceAndCloses) {
   startUsb();
   form().cmdBttn[0].click();

@@ -74,7 +74,9 @@ int main(int argc, char** argv) {
                                 QStringLiteral("file"), QStringLiteral("soak_acts.log"));
   const QCommandLineOption report(QStringLiteral("report"), QStringLiteral("Where the report goes too."),
                                   QStringLiteral("file"));
-  options.addOptions({seed, minutes, acts, report});
+  const QCommandLineOption from(QStringLiteral("from"), QStringLiteral("The session to begin with."),
+                                QStringLiteral("number"), QStringLiteral("1"));
+  options.addOptions({seed, minutes, acts, report, from});
   options.process(application);
 
   const fs::path place = fs::canonical(folder.path()) / "program";
@@ -84,8 +86,8 @@ int main(int argc, char** argv) {
       options.isSet(report) ? fs::absolute(options.value(report).toStdString()) : fs::path();
   fs::current_path(place);
   const Complaints complaints(log);
-  const vireon::soak::Order order{options.value(seed).toULongLong(), options.value(minutes).toDouble(),
-                                  place};
+  const vireon::soak::Order order{options.value(seed).toULongLong(), options.value(minutes).toDouble(), place,
+                                  options.value(from).toInt()};
   vireon::soak::Soak soak(order, log);
   soak.run();
   const std::string text = vireon::soak::reportOf(soak, order);

@@ -123,7 +123,7 @@ class Soak::Session {
 
   // The next turn is asked for first: what this one does may wait for what the next one does.
   void turn() {
-    hand_.start(kPainting);
+    hand_.start(gate_.paintingOnly() ? 0 : kPainting);  // a user comes before ticks that are behind
     soak_.hangs_.alive();  // while a slow device is waited for, too: the window paints
     if (gate_.paintingOnly()) {
       notTooLong();
@@ -242,7 +242,7 @@ Soak::Soak(const Order& order, ActLog& acts) : log(acts), files(order.folder, ac
 void Soak::run() {
   end_ = std::chrono::steady_clock::now() +
          std::chrono::milliseconds(static_cast<std::int64_t>(order_.minutes * 60'000));
-  for (int number = 1; !timeIsUp(); ++number) {
+  for (int number = order_.from; !timeIsUp(); ++number) {
     const SessionPlan plan = planFor(order_.seed, number);
     writeSettings(order_.folder / "vireon.ini", plan);
     files.forgetAll();

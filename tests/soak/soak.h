@@ -20,6 +20,7 @@ struct Order {
   std::uint64_t seed = 1;
   double minutes = 3;
   std::filesystem::path folder{};  // of the program; there and empty
+  int from = 1;                    // the first session's number
 };
 
 // One session of the program after the other, each with its own instrument, link and start, until the time is

@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <thread>
+#include <vector>
 
 #include "adapters/qt/painting_hid.h"
 #include "adapters/qt/painting_patience.h"
 #include "adapters/qt/painting_turn.h"
+#include "adapters/qt/patient_timer.h"
 #include "adapters/qt/timer_binding.h"
 #include "tests/adapters/qt/held_hid.h"
 #include "tests/adapters/qt/window_fixture.h"
@@ -181,6 +183,40 @@ TEST_F(Painting, ATickThatFellDueIsMadeUpForAtOnce) {
   second.start(150);
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks == 1; }, kLimit));
   EXPECT_FALSE(secondIsDue);
+}
+
+TEST_F(Painting, WhatElseHasWaitedComesBeforeTheNextTickOfATimerThatIsBehind) {
+  form::Form form("form");
+  form::Timer timer(form, "timer");
+  int ticks = 0;
+  std::vector<int> ticksBefore;
+  adapters::PatientTimer first(gate, [&] { ticksBefore.push_back(ticks); });
+  timer.onTimer = [&] {
+    ++ticks;
+    holdForPaints(4);
+    painting.list();
+  };
+  timer.setInterval(1);
+  timer.setEnabled(true);
+  adapters::TimerBinding binding(timer, gate);
+  canvas.onPaint = [&](int /*paints*/) {
+    if (left == 2) {
+      first.start();
+      adapters::runLater(gate, canvas, [&] { ticksBefore.push_back(ticks); });
+    }
+    if (left > 0 && --left == 0) {
+      held.release();
+    }
+  };
+  binding.show();
+  constexpr int kRounds = 10;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks >= kRounds; }, kLimit));
+  timer.setEnabled(false);
+  binding.show();
+  ASSERT_GE(ticksBefore.size(), 2U * (kRounds - 1));
+  for (std::size_t each = 0; each < 2U * (kRounds - 1); ++each) {
+    EXPECT_EQ(ticksBefore[each], static_cast<int>(each) / 2 + 1) << each;
+  }
 }
 
 TEST_F(Painting, OutcomesAndBytesArePassedThrough) {
