@@ -8,8 +8,8 @@
 
 namespace vireon::form {
 
-// The line of panels at the window's lower edge; panels count from 1. Its texts
-// are UTF-8: they name files.
+// The line of panels at the window's lower edge; panels count from 1. Its texts are UTF-8, for
+// they name files.
 class StatusBar : public Control {
  public:
   static constexpr int kPanels = 2;
