@@ -31,7 +31,7 @@ void ConnectionControl::onFrame(const std::function<void()>& dspRcv) {
 }
 
 bool ConnectionControl::transKcmd(std::string_view command) {
-  if (left_) {
+  if (hasLeft_) {
     return false;
   }
   beeper_.beep();
@@ -91,7 +91,7 @@ void ConnectionControl::cmdBttn_Click(int index) {
     }
   } else if (connected()) {
     disconnect();
-  } else if (!left_ && !link_.linkBusy && !link_.portSearch) {
+  } else if (!hasLeft_ && !link_.linkBusy && !link_.portSearch) {
     connect();
   }
 }
@@ -166,7 +166,7 @@ void ConnectionControl::release() {
 }
 
 void ConnectionControl::leave() {
-  const AtEnd forGood([this] { left_ = true; });
+  const AtEnd forGood([this] { hasLeft_ = true; });
   release();
 }
 

@@ -120,7 +120,7 @@ class ConnectionControl {
   Operations operations_;
   SerialLink serial_;
   std::function<void()> dspRcv_;
-  bool left_ = false;
+  bool hasLeft_ = false;
 };
 
 }  // namespace vireon::link

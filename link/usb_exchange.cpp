@@ -8,7 +8,7 @@
 namespace vireon::link {
 
 bool ConnectionControl::trans_usb(std::string_view command) {
-  if (left_) {
+  if (hasLeft_) {
     return false;
   }
   if (!link_.onUsb()) {

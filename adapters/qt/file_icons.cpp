@@ -12,11 +12,11 @@ QIcon FileIcons::icon(const QFileInfo& file) const {
 
 QString FileIcons::type(const QFileInfo& file) const {
   const QMimeDatabase kinds;
-  const auto known = kinds.mimeTypesForFileName(file.fileName());
-  QMimeType kind =
-      known.isEmpty() ? kinds.mimeTypeForName(QStringLiteral("application/octet-stream")) : known.front();
+  QMimeType kind = kinds.mimeTypeForName(QStringLiteral("application/octet-stream"));
   if (file.isDir()) {
     kind = kinds.mimeTypeForName(QStringLiteral("inode/directory"));
+  } else if (const auto known = kinds.mimeTypesForFileName(file.fileName()); !known.isEmpty()) {
+    kind = known.front();
   }
   return kind.comment().isEmpty() ? QStringLiteral("?") : kind.comment();
 }

@@ -18,7 +18,10 @@
 #include "adapters/qt/lamp.h"
 #include "adapters/qt/text.h"
 #include "platform/twips.h"
+#include "ui_logger_panel.h"
 #include "ui_main_window.h"
+#include "ui_scope_panel.h"
+#include "ui_screen_panel.h"
 
 namespace vireon::adapters {
 namespace {
@@ -43,6 +46,11 @@ constexpr Lettering kLetterings[] = {
 // Panels that stay dark like the instrument's screen, in every palette.
 constexpr const char* kScreens[] = {"settingsLine", "readingDisplay", "lblDmm", "lblVd_0",
                                     "lblVd_1",      "lblHd",          "picTrd"};
+
+// Where the Tab key goes on behind the last panel's last widget: what stands below the panels.
+constexpr const char* kBelowThePanels[] = {"cmdSet_1", "optFmt_0",  "optFmt_1",  "cmdLprt",
+                                           "grdLog",   "txtFn_0",   "cmdSave_0", "cmdLoad_0",
+                                           "txtFn_1",  "cmdSave_1", "cmdLoad_1"};
 
 // The first file of this computer that a drag carries; empty where there is none.
 QString fileIn(const QMimeData& data) {
@@ -69,8 +77,7 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate)
                    }
                  }),
       gate_(gate) {
-  Ui::frmMain ui;
-  ui.setupUi(this);
+  setUpForms();
   dress();
   remember();
   binder_ = std::make_unique<ControlBinder>(form, *this, gate);
@@ -90,6 +97,18 @@ MainWindow::MainWindow(form::MainForm& form, const ModalGate& gate)
 
 MainWindow::~MainWindow() {
   form_.onCaptionChanged = nullptr;
+}
+
+void MainWindow::setUpForms() {
+  Ui::frmMain ui;
+  ui.setupUi(this);
+  Ui::picMscope().setupUi(ui.picMscope);
+  Ui::panScon().setupUi(ui.panScon);
+  Ui::panDlog().setupUi(ui.panDlog);
+  for (std::size_t i = 1; i < std::size(kBelowThePanels); ++i) {
+    setTabOrder(findChild<QWidget*>(QLatin1String(kBelowThePanels[i - 1])),
+                findChild<QWidget*>(QLatin1String(kBelowThePanels[i])));
+  }
 }
 
 void MainWindow::dress() {

@@ -53,11 +53,12 @@ class MainWindow : public QWidget {
  private:
   struct Placed {
     QWidget* widget = nullptr;
-    QRect geometry;        // in the form file, at 96 dpi
+    QRect geometry;        // in its form file, at 96 dpi
     double fontScale = 0;  // of the panel's font; 0 for a widget that inherits it
     bool bold = false;
   };
 
+  void setUpForms();
   void dress();
   void takeFiles();
   bool takesFiles() const;

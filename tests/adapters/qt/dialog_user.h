@@ -31,7 +31,7 @@ class DialogUser : public QObject {
 };
 
 // As typed.
-inline void name(QFileDialog& dialog, const QString& file) {
+inline void enterName(QFileDialog& dialog, const QString& file) {
   dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
 }
 

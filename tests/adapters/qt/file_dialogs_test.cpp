@@ -92,7 +92,7 @@ TEST_F(FileDialogs, OfferTheFiltersAndTheFolder) {
 TEST_F(FileDialogs, GiveTheChosenNameToOpen) {
   write("a.bmp");
   const DialogUser user([this](QFileDialog& dialog) {
-    name(dialog, QString::fromStdString(path("a.bmp")));
+    enterName(dialog, QString::fromStdString(path("a.bmp")));
     accept(dialog);
   });
   EXPECT_EQ(dialogs.openName(question()), path("a.bmp"));
@@ -101,7 +101,7 @@ TEST_F(FileDialogs, GiveTheChosenNameToOpen) {
 TEST_F(FileDialogs, GiveTheChosenNameToSaveWithTheExtensionThatItLacks) {
   const DialogUser user([this](QFileDialog& dialog) {
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
-    name(dialog, QString::fromStdString(path("a")));
+    enterName(dialog, QString::fromStdString(path("a")));
     accept(dialog);
   });
   EXPECT_EQ(dialogs.saveName(question()), path("a.BMP"));
@@ -109,7 +109,7 @@ TEST_F(FileDialogs, GiveTheChosenNameToSaveWithTheExtensionThatItLacks) {
 
 TEST_F(FileDialogs, KeepAnExtensionThatWasTyped) {
   const DialogUser user([this](QFileDialog& dialog) {
-    name(dialog, QString::fromStdString(path("a.png")));
+    enterName(dialog, QString::fromStdString(path("a.png")));
     accept(dialog);
   });
   EXPECT_EQ(dialogs.saveName(question()), path("a.png"));
@@ -132,7 +132,7 @@ TEST_F(FileDialogs, AskBeforeAFileIsReplaced) {
       ++asked;
       box->button(QMessageBox::Yes)->click();
     });
-    name(dialog, QString::fromStdString(path("a.bmp")));
+    enterName(dialog, QString::fromStdString(path("a.bmp")));
     accept(dialog);
   });
   EXPECT_EQ(dialogs.saveName(question()), path("a.bmp"));
@@ -160,7 +160,7 @@ TEST_F(FileDialogs, StandOverTheirWindow) {
   dialogs.openName(question());
 }
 
-TEST_F(FileDialogs, StandOverTheWindowOfTheDay) {
+TEST_F(FileDialogs, StandOverTheirNewWindow) {
   QWidget window;
   const DialogUser first([](QFileDialog& dialog) { dialog.reject(); });
   dialogs.openName(question());
@@ -216,7 +216,7 @@ TEST_F(FileDialogs, TellTheKindOfAFileByItsName) {
 TEST_F(FileDialogs, BeginAnewWithEachQuestion) {
   write("a.bmp");
   const DialogUser first([](QFileDialog& dialog) {
-    name(dialog, QStringLiteral("typed"));
+    enterName(dialog, QStringLiteral("typed"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return shownNames(dialog).size() == 1; }));
     dialog.reject();
   });
@@ -246,7 +246,7 @@ TEST_F(FileDialogs, BeginAnewWithEachQuestion) {
 TEST_F(FileDialogs, ShowFirstTheFolderOfTheFileChosenLast) {
   write("a.bmp");
   const DialogUser chooser([this](QFileDialog& dialog) {
-    name(dialog, QString::fromStdString(path("a.bmp")));
+    enterName(dialog, QString::fromStdString(path("a.bmp")));
     accept(dialog);
   });
   dialogs.openName(question());
@@ -288,7 +288,7 @@ TEST_F(FileDialogs, ClosedTheyWatchNoFolder) {
 TEST_F(FileDialogs, AskNothingElseWhileOneIsOpen) {
   const DialogUser user([this](QFileDialog& dialog) {
     EXPECT_EQ(dialogs.saveName(question()), "");
-    name(dialog, QString::fromStdString(path("a.bmp")));
+    enterName(dialog, QString::fromStdString(path("a.bmp")));
     accept(dialog);
   });
   EXPECT_EQ(dialogs.openName(question()), path("a.bmp"));

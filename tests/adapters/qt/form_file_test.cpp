@@ -53,5 +53,28 @@ TEST_F(FormFile, EachWidgetThatTakesInputTellsWhatItDoes) {
   }
 }
 
+TEST_F(FormFile, TheTabKeyGoesFromTheLinkThroughThePanelsToTheFiles) {
+  const QString order = QStringLiteral(
+      "cmdBttn_0 cmdStart txtSTime SSTab1 cmdOpen cmdSprint cmdClock cmdBttn_1 sldPosV_0 sldPosV_1 "
+      "trgLvl sldPosH optFun_0 optFun_1 optFun_2 optFun_3 optFun_4 optFun_5 optFun_6 optFun_7 mrgUD_0 "
+      "mrgUD_1 mrgUD_2 chkDmAt chkHold cmdVd_0 cmdVu_0 chkVof_0 chkVac_0 chkVat_0 cmdVd_1 cmdVu_1 "
+      "chkVof_1 chkVac_1 chkVat_1 cmdTud_1 cmdTud_0 chkHat optTS_0 optTS_1 optTS_2 cmdSlp chkAt chkSgl "
+      "cmbFun chkMhld chkMld madUD_0 txtMad madUD_1 cmbDmod cmdSetup menuMemory optLog_0 optLog_1 "
+      "txtLog_0 txtLog_1 txtLog_2 cmdSud_0 cmdSud_1 cmdLog_0 cmdLog_1 chkLog1 chkLog0 cmdSub_0 "
+      "cmdSub_1 chkSub txtSet_0 txtSet_1 cmdSet_0 cmdSet_1 optFmt_0 optFmt_1 cmdLprt grdLog txtFn_0 "
+      "cmdSave_0 cmdLoad_0 txtFn_1 cmdSave_1 cmdLoad_1");
+  const QStringList wanted = order.split(QLatin1Char(' '));
+  QStringList found;
+  const auto* const first = window().findChild<QWidget*>(wanted.front());
+  const QWidget* widget = first;
+  do {
+    if (wanted.contains(widget->objectName()) && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+      found << widget->objectName();
+    }
+    widget = widget->nextInFocusChain();
+  } while (widget != first);
+  EXPECT_EQ(found.join(QLatin1Char(' ')).toStdString(), order.toStdString());
+}
+
 }  // namespace
 }  // namespace vireon::tests

@@ -122,7 +122,7 @@ TEST_F(ScreenPrintButton, SavesToTheChosenFileAndOpensItAgain) {
   QString path;
   const auto choosePicture = [&](QFileDialog& dialog) {
     path = dialog.directory().filePath(QStringLiteral("picture.BMP"));
-    name(dialog, QStringLiteral("picture"));
+    enterName(dialog, QStringLiteral("picture"));
     accept(dialog);
   };
   {
