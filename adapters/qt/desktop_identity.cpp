@@ -1,6 +1,8 @@
 #include "adapters/qt/desktop_identity.h"
 
 #include <QApplication>
+#include <QTimer>
+#include <chrono>
 
 // Q_INIT_RESOURCE works in the global namespace alone; without it a static library's resources are left out.
 static void initIcons() {
@@ -8,6 +10,13 @@ static void initIcons() {
 }
 
 namespace vireon::adapters {
+namespace {
+
+// Reading the icon's pictures and sending them to the screen takes longer than painting the window, which
+// comes first.
+constexpr std::chrono::milliseconds kIconDelay{200};
+
+}  // namespace
 
 QIcon programIcon() {
   initIcons();
@@ -22,7 +31,7 @@ void setDesktopIdentity(const QString& name) {
   QApplication::setApplicationName(name);
   QApplication::setApplicationVersion(QStringLiteral(VIREON_VERSION));
   QApplication::setDesktopFileName(name);
-  QApplication::setWindowIcon(programIcon());
+  QTimer::singleShot(kIconDelay, qApp, [] { QApplication::setWindowIcon(programIcon()); });
 }
 
 }  // namespace vireon::adapters

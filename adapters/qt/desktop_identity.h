@@ -9,7 +9,7 @@ namespace vireon::adapters {
 QIcon programIcon();
 
 // Tells Qt and the desktop who the running program is: `name` is that of the executable and of its desktop
-// entry. Gives the windows their icon and the program its version. Needs a running QApplication.
+// entry. Gives the program its version and, a moment later, its windows their icon. Needs a QApplication.
 void setDesktopIdentity(const QString& name);
 
 }  // namespace vireon::adapters

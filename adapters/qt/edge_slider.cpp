@@ -40,7 +40,7 @@ bool turnsValue(int key) {
 
 EdgeSlider::EdgeSlider(QWidget* parent) : QSlider(parent) {}
 
-// The marker is there once the whole form file is read.
+// The marker is there once all form files are read.
 void EdgeSlider::showEvent(QShowEvent* event) {
   QSlider::showEvent(event);
   if (marker_ == nullptr) {

@@ -115,7 +115,10 @@ QtFileDialogs::Dialog& QtFileDialogs::dialogFor(bool stays) {
     }
     return *dialog;
   }
-  auto dialog = std::make_unique<Dialog>(window_, icons_, stays);
+  if (!icons_) {
+    icons_.emplace();
+  }
+  auto dialog = std::make_unique<Dialog>(window_, *icons_, stays);
   owned_.add(dialog.get());
   kept = dialog.get();
   return *dialog.release();

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+#include <optional>
 
 #include "adapters/qt/file_icons.h"
 #include "adapters/qt/modal_gate.h"
@@ -30,7 +31,7 @@ class QtFileDialogs : public platform::FileDialogs {
   std::string ask(const platform::FileQuestion& question, bool save);
 
   ModalGate& gate_;
-  FileIcons icons_;
+  std::optional<FileIcons> icons_;  // from the first dialog on
   QPointer<QWidget> window_;
   QString lastFolder_;
   QPointer<Dialog> staying_;

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QTest>
 #include <QWidget>
 
 namespace vireon::tests {
@@ -64,10 +65,11 @@ TEST_F(DesktopIdentity, TiesTheWindowsToTheDesktopEntryOfThatName) {
   EXPECT_EQ(QApplication::desktopFileName(), QStringLiteral("vireon-demo"));
 }
 
-TEST_F(DesktopIdentity, GivesEveryWindowTheIcon) {
+TEST_F(DesktopIdentity, GivesEveryWindowTheIconBehindTheStart) {
   adapters::setDesktopIdentity(QStringLiteral("vireon"));
   const QWidget window;
-  EXPECT_EQ(window.windowIcon().pixmap(QSize(48, 48), 1.0).toImage(), picture(48));
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] { return window.windowIcon().pixmap(QSize(48, 48), 1.0).toImage() == picture(48); }));
 }
 
 TEST_F(DesktopIdentity, NamesTheVersion) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cups/cups.h>
+
+#include <optional>
+
+namespace vireon::adapters {
+
+// What is used of libcups.
+struct CupsLibrary {
+  decltype(&::cupsAddOption) addOption = nullptr;
+  decltype(&::cupsFreeOptions) freeOptions = nullptr;
+  decltype(&::cupsGetNamedDest) getNamedDest = nullptr;
+  decltype(&::cupsFreeDests) freeDests = nullptr;
+  decltype(&::cupsCreateJob) createJob = nullptr;
+  decltype(&::cupsCancelJob2) cancelJob2 = nullptr;
+  decltype(&::cupsStartDocument) startDocument = nullptr;
+  decltype(&::cupsWriteRequestData) writeRequestData = nullptr;
+  decltype(&::cupsFinishDocument) finishDocument = nullptr;
+
+  // Loads the library, which stays loaded; it is not linked, since it brings fifteen others along that every
+  // start would wait for. Nothing where it is not installed.
+  static std::optional<CupsLibrary> load();
+};
+
+}  // namespace vireon::adapters
