@@ -263,13 +263,19 @@ TEST_F(FileDialogs, ShowFirstTheFolderOfTheFileChosenLast) {
   dialogs.openName({"All|*", "", ""});
 }
 
-TEST_F(FileDialogs, ShowAFolderThatIsThereWhereTheWantedOneIsGone) {
-  const DialogUser user([](QFileDialog& dialog) {
-    EXPECT_TRUE(QDir(dialog.directory().absolutePath()).exists());
-    EXPECT_NE(dialog.directory().absolutePath(), QDir::rootPath());
+TEST_F(FileDialogs, ShowTheFolderOfTheFileChosenLastWhereTheWantedOneIsGone) {
+  write("a.bmp");
+  const DialogUser chooser([this](QFileDialog& dialog) {
+    enterName(dialog, QString::fromStdString(path("a.bmp")));
+    accept(dialog);
+  });
+  dialogs.openName(question());
+  const TemporaryFolder other;
+  const DialogUser user([this](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder.path().string());
     dialog.reject();
   });
-  dialogs.openName({"All|*", path("gone"), "", true});
+  dialogs.openName({"All|*", (other / "gone").string(), "", true});
 }
 
 TEST_F(FileDialogs, ClosedTheyWatchNoFolder) {
