@@ -59,8 +59,8 @@ void Sampling::start() {
   timeInForce_ = form_.txtSTime.text();
   form_.tmrInt.setInterval(static_cast<int>(std::nearbyint(seconds * 1000)));
   link::switchSampling(form_, true);
-  if (protocol::trimmed(state_.modelId) == protocol::kMeterModel &&
-      !link_.transUsbOnly(protocol::kQueryFunctionText)) {
+  if (link_.onUsbOrSaysSo() && protocol::trimmed(state_.modelId) == protocol::kMeterModel &&
+      !link_.trans_usb(protocol::kQueryFunctionText)) {
     return;
   }
   form_.chkMhld.setValue(0);

@@ -119,8 +119,8 @@ std::string optionHelp() {
          "  --control         take lines on the standard input, and end when it ends:\n"
          "                      fault LIST   replace all faults\n"
          "                      unplug, plug, quit\n"
-         "                    each answered by ok or error REASON; command TEXT, unplugged and plugged\n"
-         "                    tell what happens\n"
+         "                    each answered by ok or error REASON; command TEXT and unplugged tell\n"
+         "                    what happens\n"
          "  --help            show this\n"
          "\n"
          "Faults (in parentheses: the value when none is given)\n" +

@@ -45,9 +45,8 @@ void Server::tell() {
   const auto news = std::min<std::uint64_t>(instrument_.commandCount() - told_, log.size());
   for (std::size_t i = log.size() - news; i < log.size(); ++i) out_.say("command " + printable(log[i]));
   told_ = instrument_.commandCount();
-  if (link_.plugged() == plugged_) return;
+  if (plugged_ && !link_.plugged()) out_.say("unplugged");
   plugged_ = link_.plugged();
-  out_.say(plugged_ ? "plugged" : "unplugged");
 }
 
 void Server::waitForNews() {

@@ -173,15 +173,19 @@ TEST_F(StartButton, AFailedFunctionTextIsOneMessageAndNothingMoreHappens) {
   EXPECT_EQ(events, 0);
 }
 
-TEST_F(StartButton, OnASerialLinkTheMeterModelIsAskedNothingAndPanelOneTells) {
+TEST_F(StartButton, OnASerialLinkNoModelIsAskedAnythingAndPanelOneTells) {
   useSerial();
-  state.modelId = "K7900";
-  form.chkMhld.setValue(1);
-  form.cmdStart.click();
-  expectLive();
-  EXPECT_EQ(serial, Texts{});
-  EXPECT_EQ(form.chkMhld.value(), 0);
-  EXPECT_EQ(form.StatusBar1.panel(1), "Works over USB only");
+  for (const char* model : {"K7310", "K7900"}) {
+    state.modelId = model;
+    form.StatusBar1.setPanel(1, "");
+    form.chkMhld.setValue(1);
+    form.cmdStart.click();
+    expectLive();
+    EXPECT_EQ(serial, Texts{});
+    EXPECT_EQ(form.chkMhld.value(), 0);
+    EXPECT_EQ(form.StatusBar1.panel(1), "Works over USB only") << model;
+    form.cmdStart.click();
+  }
 }
 
 class SamplingTime : public tests::SamplingFixture {};
