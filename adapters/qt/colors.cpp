@@ -1,14 +1,21 @@
 #include "adapters/qt/colors.h"
 
-#include <QApplication>
-
 namespace vireon::adapters {
 
 void paint(QWidget& widget, QPalette::ColorRole role, form::Color color) {
-  QPalette palette = widget.palette();
-  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-    palette.setBrush(group, role,
-                     color.isSystem() ? QApplication::palette().brush(group, role) : QBrush(toQColor(color)));
+  const QPalette before = widget.palette();
+  QPalette palette;  // without the role, which then is the desktop's
+  for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+    for (int each = 0; each < QPalette::NColorRoles; ++each) {
+      const auto other = static_cast<QPalette::ColorRole>(each);
+      const bool kept = other != role || group == QPalette::Disabled;
+      if (kept && before.isBrushSet(group, other)) {
+        palette.setBrush(group, other, before.brush(group, other));
+      }
+    }
+    if (!color.isSystem() && group != QPalette::Disabled) {
+      palette.setBrush(group, role, toQColor(color));
+    }
   }
   widget.setPalette(palette);
 }

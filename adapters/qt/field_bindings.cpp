@@ -45,9 +45,12 @@ void LabelBinding::place(const PictureView& picture) {
 
 TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget, const ModalGate& gate)
     : Binding(&widget, gate), control_(control), edit_(widget) {
-  connect(&widget, &QLineEdit::textEdited, this, [this](const QString& text) {
-    control_.type(typed(text));
-    show();
+  // Edited by whomever: an assistive technology does not type.
+  connect(&widget, &QLineEdit::textChanged, this, [this](const QString& text) {
+    act(edit_, [this, text] {
+      control_.type(typed(text));
+      show();
+    });
   });
   connect(&widget, &QLineEdit::returnPressed, this, [this] { control_.keyPress('\r'); });
   widget.installEventFilter(this);
@@ -56,6 +59,7 @@ TextBoxBinding::TextBoxBinding(form::TextBox& control, QLineEdit& widget, const 
 void TextBoxBinding::show() {
   const QString text = shownUtf8(control_.utf8());
   if (edit_.text() != text) {
+    const QSignalBlocker quiet(edit_);
     edit_.setText(text);
   }
   edit_.setReadOnly(control_.readOnly());

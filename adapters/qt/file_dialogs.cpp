@@ -23,7 +23,8 @@ class QtFileDialogs::Dialog : public QFileDialog {
  public:
   // One that `stays` shows the files of one folder and none else.
   Dialog(QWidget* parent, FileIcons& icons, bool stays) : QFileDialog(parent), stays_(stays) {
-    setOption(DontUseNativeDialog, stays);
+    // The desktop's own asks about the name as typed, before an extension is put behind it.
+    setOption(DontUseNativeDialog);
     setIconProvider(&icons);
     setFileMode(AnyFile);
     if (!stays) {

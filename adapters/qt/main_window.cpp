@@ -144,11 +144,7 @@ void MainWindow::Form_Resize() {
   const QSize outer(qRound(kOuterWidth * dpi / platform::kTwipsPerInch),
                     qRound(kOuterHeight * dpi / platform::kTwipsPerInch));
   const QSize inner = outer.shrunkBy(frame);
-  // A window manager that insists on a size of its own is asked once.
-  const bool insists = inner == asked_ && size() == got_;
-  if (size() != inner && !insists) {
-    asked_ = inner;
-    got_ = size();
+  if (kept_.asks(size(), inner)) {
     resize(inner);
   }
 }

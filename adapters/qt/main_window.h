@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "adapters/qt/control_binder.h"
+#include "adapters/qt/kept_size.h"
 #include "adapters/qt/patient_timer.h"
 #include "form/main_form.h"
 
@@ -33,10 +34,9 @@ class MainWindow : public QWidget {
   // Asks the window to close at the event loop's next turn.
   void closeLater() { closer_.start(); }
 
-  // The user asks for a saved file of any kind, or drops one on the window, UTF-8. Left out while a message
-  // is open or the window only paints, and where mayOpen returns False.
+  // The user drops a file on the window, UTF-8. Left out while a message is open or the window only paints,
+  // and where mayOpen returns False.
   std::function<bool()> mayOpen;
-  std::function<void()> openSaved;
   std::function<void(const std::string& path)> openDropped;
 
   ControlBinder& binder() { return *binder_; }
@@ -76,8 +76,7 @@ class MainWindow : public QWidget {
   PatientTimer dropTaker_;  // takes dropped_
   std::string dropped_;
   const ModalGate& gate_;
-  QSize asked_;  // the inner size last asked for
-  QSize got_;    // and the one there was at that time
+  KeptSize kept_;
   bool closing_ = false;
 };
 

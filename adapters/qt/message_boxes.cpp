@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QObjectCleanupHandler>
+#include <memory>
 
 namespace vireon::adapters {
 namespace {
@@ -24,9 +26,13 @@ QMessageBox::Icon iconOf(platform::MessageIcon icon) {
 
 platform::MessageAnswer QtMessageBoxes::show(const platform::Message& message) {
   const bool question = message.buttons == platform::MessageButtons::kYesNo;
-  QMessageBox box(iconOf(message.icon), QString::fromStdString(message.title),
-                  QString::fromStdString(message.text).remove(QLatin1Char('\r')),
-                  question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, window_);
+  auto made =
+      std::make_unique<QMessageBox>(iconOf(message.icon), QString::fromStdString(message.title),
+                                    QString::fromStdString(message.text).remove(QLatin1Char('\r')),
+                                    question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, window_);
+  QObjectCleanupHandler owned;  // but where the window ends the box
+  QMessageBox& box = *made;
+  owned.add(made.release());
   box.setTextFormat(Qt::PlainText);
   if (question) {
     box.setEscapeButton(QMessageBox::No);

@@ -18,6 +18,7 @@ class QtMessageBoxes : public platform::MessageBoxes {
   // Later messages stand over this window while it lives; without one they stand alone.
   void setParentWindow(QWidget* window) { window_ = window; }
 
+  // A question is answered by No where its window goes while it is open.
   platform::MessageAnswer show(const platform::Message& message) override;
 
  private:

@@ -7,14 +7,19 @@
 namespace vireon::adapters {
 namespace {
 
-void runAfter(int milliseconds, const ModalGate& gate, const QPointer<QObject>& owner,
+// Until what waits for the end of a message looks again.
+constexpr std::chrono::milliseconds kMessageRetry{50};
+
+void runAfter(std::chrono::milliseconds delay, const ModalGate& gate, const QPointer<QObject>& owner,
               const std::function<void()>& action) {
-  QTimer::singleShot(milliseconds, QCoreApplication::instance(), [&gate, owner, action] {
+  QTimer::singleShot(delay, QCoreApplication::instance(), [&gate, owner, action] {
     if (owner == nullptr) {
       return;
     }
     if (gate.paintingOnly()) {
-      runAfter(0, gate, owner, action);
+      runAfter({}, gate, owner, action);
+    } else if (gate.closed()) {
+      runAfter(kMessageRetry, gate, owner, action);
     } else {
       action();
     }
@@ -24,7 +29,7 @@ void runAfter(int milliseconds, const ModalGate& gate, const QPointer<QObject>& 
 }  // namespace
 
 void runLater(const ModalGate& gate, QObject& owner, const std::function<void()>& action) {
-  runAfter(0, gate, &owner, action);
+  runAfter({}, gate, &owner, action);
 }
 
 PatientTimer::PatientTimer(const ModalGate& gate, std::function<void()> action,

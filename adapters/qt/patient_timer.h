@@ -8,9 +8,9 @@
 
 namespace vireon::adapters {
 
-// Runs the action at the event loop's next turn, or when the windows no longer only paint; not at all where
-// `owner` is gone by then. The action may destroy the owner, none of whose events is under way. `gate`
-// outlives the owner.
+// Runs the action at the event loop's next turn, or when the windows no longer only paint and no message is
+// open any more; not at all where `owner` is gone by then. The action may destroy the owner, none of whose
+// events is under way. `gate` outlives the owner.
 void runLater(const ModalGate& gate, QObject& owner, const std::function<void()>& action);
 
 // Something to be done at the event loop's next turn, or later, once however often it is asked for; while the

@@ -89,7 +89,7 @@ void QtViewerWindow::setPicture(const platform::Bitmap& bitmap) {
   pixmap.setDevicePixelRatio(devicePixelRatio());
   picture_.setPixmap(pixmap);
   picture_.resize(pixmap.deviceIndependentSize().toSize());
-  asked_ = {};
+  kept_.forget();
 }
 
 platform::WindowSize QtViewerWindow::pictureSize() const {
@@ -109,11 +109,7 @@ void QtViewerWindow::resize(platform::WindowSize outer) {
   const QSize needed = picture_.size() + QSize(0, menuBar()->sizeHint().height());
   const QSize inner =
       whole.shrunkBy(frame()).expandedTo(needed).boundedTo(screen()->availableSize().shrunkBy(frame()));
-  // A window manager that insists on a size of its own is asked once.
-  const bool insists = inner == asked_ && size() == got_;
-  if (size() != inner && !insists) {
-    asked_ = inner;
-    got_ = size();
+  if (kept_.asks(size(), inner)) {
     QMainWindow::resize(inner);
   }
 }

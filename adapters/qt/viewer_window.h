@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <functional>
 
+#include "adapters/qt/kept_size.h"
 #include "adapters/qt/patient_timer.h"
 #include "platform/viewer_window.h"
 
@@ -43,8 +44,7 @@ class QtViewerWindow : public QMainWindow, public platform::ViewerWindow {
   QScrollArea area_;
   QLabel picture_;        // stands in the area, so goes first
   PatientTimer snapper_;  // tells of a new size
-  QSize asked_;           // the inner size last asked for
-  QSize got_;             // and the one there was at that time
+  KeptSize kept_;
 };
 
 // Makes viewer windows on this desktop.

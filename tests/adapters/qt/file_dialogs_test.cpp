@@ -89,6 +89,18 @@ TEST_F(FileDialogs, OfferTheFiltersAndTheFolder) {
   dialogs.openName(question());
 }
 
+TEST_F(FileDialogs, AreTheToolkitsOwnOnEveryDesktop) {
+  for (const bool stays : {true, false}) {
+    platform::FileQuestion asked = question();
+    asked.staysInFolder = stays;
+    const DialogUser user([](QFileDialog& dialog) {
+      EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+      dialog.reject();
+    });
+    dialogs.openName(asked);
+  }
+}
+
 TEST_F(FileDialogs, GiveTheChosenNameToOpen) {
   write("a.bmp");
   const DialogUser user([this](QFileDialog& dialog) {

@@ -58,6 +58,15 @@ TEST_F(Layout, AWindowResizedByHandSnapsBack) {
   EXPECT_EQ(window().size(), before);
 }
 
+TEST_F(Layout, AWindowResizedByHandToTheSameSizeAgainSnapsBackAgain) {
+  const QSize before = window().size();
+  for (int time = 0; time < 2; ++time) {
+    window().resize(900, 700);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window().size() == before; }));
+    letHappen(adapters::KeptSize::kSettled);
+  }
+}
+
 TEST_F(Layout, NothingIsClippedOnTheScopeTab) {
   goLive();
   EXPECT_EQ(clipped(), "");

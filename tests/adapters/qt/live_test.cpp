@@ -81,6 +81,21 @@ class Live : public WindowTest {
   }
 };
 
+TEST_F(Live, AButtonThatWasGreenFollowsTheDesktopsColoursAgain) {
+  goLive();
+  click("cmdStart");
+  const QPalette before = QApplication::palette();
+  QPalette dark = before;
+  dark.setColor(QPalette::Button, QColor(1, 2, 3));
+  dark.setColor(QPalette::ButtonText, QColor(4, 5, 6));
+  QApplication::setPalette(dark);
+  letHappen();
+  const QPalette shown = find("cmdStart")->palette();
+  QApplication::setPalette(before);
+  EXPECT_EQ(shown.color(QPalette::Button), QColor(1, 2, 3));
+  EXPECT_EQ(shown.color(QPalette::Disabled, QPalette::Button), QColor(1, 2, 3));
+}
+
 TEST_F(Live, ConnectingTurnsTheButtonGreenAndEnablesThePanel) {
   ASSERT_FALSE(find("panScon")->isEnabled());
   click("cmdBttn_0");

@@ -113,6 +113,16 @@ TEST_F(QtMessageBoxesTest, EscapeAndClosingMeanNo) {
   EXPECT_EQ(answered([](QMessageBox& box) { box.close(); }), platform::MessageAnswer::kNo);
 }
 
+TEST_F(QtMessageBoxesTest, GoneWithItsWindowAQuestionIsAnsweredByNo) {
+  auto window = std::make_unique<QWidget>();
+  boxes.setParentWindow(window.get());
+  qApp->removeEventFilter(&watcher);
+  QTimer::singleShot(0, qApp, [&] { window.reset(); });
+  EXPECT_EQ(boxes.show({"title", "text", platform::MessageIcon::kNone, platform::MessageButtons::kYesNo}),
+            platform::MessageAnswer::kNo);
+  EXPECT_FALSE(gate.closed());
+}
+
 TEST_F(QtMessageBoxesTest, TheGateIsClosedWhileAMessageIsOpen) {
   bool closed = false;
   watcher.whileOpen = [&] { closed = gate.closed(); };

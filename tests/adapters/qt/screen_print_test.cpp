@@ -116,6 +116,21 @@ TEST_F(ScreenPrintButton, ClearingAndThenPrintingGivesOneMessageOverTheViewer) {
   EXPECT_EQ(over, viewer());
 }
 
+TEST_F(ScreenPrintButton, AViewerClosedBehindACommandThatGivesAMessageClosesBehindTheMessage) {
+  click("cmdSprint");
+  choose("mnuClear");
+  bool there = false;
+  messages.whileOpen = [&] {
+    letHappen();
+    there = viewer() != nullptr;
+  };
+  viewer()->findChild<QAction*>(QStringLiteral("mnuPrint"))->trigger();
+  viewer()->close();
+  EXPECT_TRUE(QTest::qWaitFor([] { return viewer() == nullptr; }));
+  EXPECT_EQ(messages.seen.size(), 1U);
+  EXPECT_TRUE(there);
+}
+
 TEST_F(ScreenPrintButton, SavesToTheChosenFileAndOpensItAgain) {
   click("cmdSprint");
   const platform::Bitmap taken = program().frmCapture.Picture1().bitmap;
