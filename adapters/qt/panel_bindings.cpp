@@ -9,11 +9,12 @@
 
 #include "adapters/qt/picture_view.h"
 #include "adapters/qt/text.h"
+#include "platform/twips.h"
 
 namespace vireon::adapters {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;       // at 96 dpi
+constexpr int kTwipsPerPixel = static_cast<int>(platform::kTwipsPerInch / 96);
 constexpr int kDefaultColumnWidth = 75;  // pixels
 
 }  // namespace
@@ -102,7 +103,11 @@ int StatusBarBinding::roomOf(const QLabel& label) const {
 }
 
 GridBinding::GridBinding(form::Grid& control, QTableView& widget, const ModalGate& gate)
-    : Binding(&widget, gate), control_(control), table_(widget), model_(control, nullptr) {
+    : Binding(&widget, gate),
+      control_(control),
+      table_(widget),
+      formWidth_(widget.width()),
+      model_(control, nullptr) {
   widget.setModel(&model_);
   widget.verticalHeader()->hide();
   widget.verticalHeader()->setMinimumSectionSize(1);
@@ -119,7 +124,7 @@ void GridBinding::show() {
   if (table_.verticalHeader()->defaultSectionSize() != height) {
     table_.verticalHeader()->setDefaultSectionSize(height);
   }
-  const double scale = table_.width() / 324.0;
+  const double scale = table_.width() / static_cast<double>(formWidth_);
   for (int column = 0; column < control_.columns(); ++column) {
     const int twips = control_.columnWidth(column);
     const int pixels = twips == 0 ? kDefaultColumnWidth : twips / kTwipsPerPixel;

@@ -86,6 +86,7 @@ class GridBinding : public Binding {
 
   const form::Grid& control_;
   QTableView& table_;
+  const int formWidth_;  // pixels at 96 dpi
   GridModel model_;
   std::map<int, int> widths_;  // pixels, as set last
   int topRow_ = 1;

@@ -1,8 +1,11 @@
 #include <QAction>
 #include <QImage>
 #include <QLabel>
+#include <QScreen>
+#include <QTableView>
 
 #include "adapters/qt/picture_view.h"
+#include "platform/twips.h"
 #include "tests/adapters/qt/window_fixture.h"
 
 namespace vireon::tests {
@@ -55,6 +58,18 @@ TEST_F(MeterTab, TheMemoryMenuSetsTheSampleMethodAndClearsTheMemoryAfterAsking) 
   entries[0]->trigger();
   EXPECT_EQ(lastCommand(), "DRC01;STS??");
   EXPECT_EQ(messages.seen.size(), 2U);
+}
+
+TEST_F(MeterTab, AColumnsWidthIsThatOfTheFormAndGrowsWithTheList) {
+  showMeter();
+  const auto* const list = find<QTableView>("grdLog");
+  const double wanted =
+      form().grdLog.columnWidth(0) * window().screen()->logicalDotsPerInchX() / platform::kTwipsPerInch;
+  EXPECT_NEAR(list->columnWidth(0), wanted, 0.03 * wanted + 1);
+  const double share = static_cast<double>(list->columnWidth(0)) / list->width();
+  window().showMaximized();
+  turn();
+  EXPECT_NEAR(static_cast<double>(list->columnWidth(0)) / list->width(), share, 0.01);
 }
 
 TEST_F(MeterTab, TheTrendHasAFrameOfTenByFourDivisions) {
