@@ -1,7 +1,6 @@
 #include "adapters/qt/desktop_identity.h"
 
 #include <QApplication>
-#include <QTimer>
 #include <chrono>
 
 // Q_INIT_RESOURCE works in the global namespace alone; without it a static library's resources are left out.
@@ -12,8 +11,6 @@ static void initIcons() {
 namespace vireon::adapters {
 namespace {
 
-// Reading the icon's pictures and sending them to the screen takes longer than painting the window, which
-// comes first.
 constexpr std::chrono::milliseconds kIconDelay{200};
 
 }  // namespace
@@ -31,7 +28,12 @@ void setDesktopIdentity(const QString& name) {
   QApplication::setApplicationName(name);
   QApplication::setApplicationVersion(QStringLiteral(VIREON_VERSION));
   QApplication::setDesktopFileName(name);
-  QTimer::singleShot(kIconDelay, qApp, [] { QApplication::setWindowIcon(programIcon()); });
+}
+
+WindowIcon::WindowIcon() {
+  timer_.setSingleShot(true);
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [] { QApplication::setWindowIcon(programIcon()); });
+  timer_.start(kIconDelay);
 }
 
 }  // namespace vireon::adapters

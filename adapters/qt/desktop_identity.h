@@ -2,6 +2,7 @@
 
 #include <QIcon>
 #include <QString>
+#include <QTimer>
 
 namespace vireon::adapters {
 
@@ -9,7 +10,17 @@ namespace vireon::adapters {
 QIcon programIcon();
 
 // Tells Qt and the desktop who the running program is: `name` is that of the executable and of its desktop
-// entry. Gives the program its version and, a moment later, its windows their icon. Needs a QApplication.
+// entry. Gives the program its version. Needs a running QApplication.
 void setDesktopIdentity(const QString& name);
+
+// Gives the windows the icon, a moment after the start: to read its pictures and send them to the screen
+// takes longer than to paint the window, which comes first.
+class WindowIcon {
+ public:
+  WindowIcon();
+
+ private:
+  QTimer timer_;
+};
 
 }  // namespace vireon::adapters

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "adapters/qt/desktop.h"
+#include "adapters/qt/desktop_identity.h"
 #include "adapters/qt/document_opener.h"
 #include "adapters/qt/file_dialogs.h"
 #include "adapters/qt/main_window.h"
@@ -42,6 +43,7 @@ class Session {
   DesktopPorts desktopPorts(const SessionPorts& ports);
 
   adapters::ModalGate& gate_;
+  adapters::WindowIcon icon_;
   adapters::QtMessageBoxes messages_{gate_};
   adapters::QtFileDialogs fileDialogs_{gate_};
   adapters::QtDocumentOpener documents_;

@@ -65,8 +65,8 @@ TEST_F(DesktopIdentity, TiesTheWindowsToTheDesktopEntryOfThatName) {
   EXPECT_EQ(QApplication::desktopFileName(), QStringLiteral("vireon-demo"));
 }
 
-TEST_F(DesktopIdentity, GivesEveryWindowTheIconBehindTheStart) {
-  adapters::setDesktopIdentity(QStringLiteral("vireon"));
+TEST_F(DesktopIdentity, EveryWindowHasTheIconSoonAfterTheStart) {
+  const adapters::WindowIcon icon;
   const QWidget window;
   EXPECT_TRUE(QTest::qWaitFor(
       [&] { return window.windowIcon().pixmap(QSize(48, 48), 1.0).toImage() == picture(48); }));
