@@ -53,7 +53,7 @@ bool Program::Form_Load() {
 }
 
 bool Program::load() {
-  unwritten_ = false;
+  unwritten_.reset();
   if (!settings_.fileExists(settingsPath_) && !firstRun()) {
     return false;
   }
@@ -113,7 +113,7 @@ bool Program::identify() {
     const bool told = !link.onUsb() && link.rxTimeout;  // the serial link has said so itself
     return !told && deviceNotFound(kCheckCommunicationCable);
   }
-  tabCount_ = model->tabCount;
+  unwritten_ = Found{form.caption(), state.modelId, std::to_string(link.usbProductId), model->tabCount};
   writeSettings();
   return true;
 }
@@ -127,21 +127,26 @@ bool Program::deviceNotFound(const char* text) {
   return false;
 }
 
-// One write for all: a part of them would keep the next start from searching, and from finding anything.
+// One write for all that is not in the file yet: a part of it would keep the next start from searching, and
+// from finding anything.
 void Program::writeSettings() {
-  const std::string productId = std::to_string(link.usbProductId);
-  unwritten_ = !settings_.writeAll({{"Caption", "Caption", form.caption()},
-                                    {"System ID", "System ID", state.modelId},
-                                    {"ProductId", "ProductId", productId},
-                                    {"Tabs", "Tabs", tabCount_},
-                                    {"ComPort", "ComPort", link.comPort},
-                                    {"BaudRate", "BaudRate", link.baudRate}},
-                                   settingsPath_);
+  if (!unwritten_) {
+    settings_.writeAll({{"ComPort", "ComPort", link.comPort}, {"BaudRate", "BaudRate", link.baudRate}},
+                       settingsPath_);
+  } else if (settings_.writeAll({{"Caption", "Caption", unwritten_->caption},
+                                 {"System ID", "System ID", unwritten_->modelId},
+                                 {"ProductId", "ProductId", unwritten_->productId},
+                                 {"Tabs", "Tabs", unwritten_->tabs},
+                                 {"ComPort", "ComPort", link.comPort},
+                                 {"BaudRate", "BaudRate", link.baudRate}},
+                                settingsPath_)) {
+    unwritten_.reset();
+  }
 }
 
 void Program::readSettings() {
   if (unwritten_) {
-    form.SSTab1.setTabs(tabCount_ == "2" ? 2 : 1);
+    form.SSTab1.setTabs(unwritten_->tabs == "2" ? 2 : 1);
     return;
   }
   const std::string text = settings_.text(settingsPath_);

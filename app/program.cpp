@@ -102,8 +102,7 @@ void Program::Form_QueryUnload() {
   const auto answer = messages_.show(
       {"Exit", "     Save as Default ?", platform::MessageIcon::kNone, platform::MessageButtons::kYesNo});
   if (answer == platform::MessageAnswer::kYes) {
-    settings_.writeAll({{"ComPort", "ComPort", link.comPort}, {"BaudRate", "BaudRate", link.baudRate}},
-                       settingsPath_);
+    writeSettings();
   }
 }
 

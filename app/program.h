@@ -102,6 +102,14 @@ class Program {
   capture::ScreenPrint screenPrint;
 
  private:
+  // An instrument of the family, in the texts of the settings file.
+  struct Found {
+    std::string caption;
+    std::string modelId;
+    std::string productId;
+    std::string tabs;
+  };
+
   void tie();
   void drawFrame();
   bool firstRun();
@@ -118,9 +126,8 @@ class Program {
   platform::SearchView& searchView_;
   SettingsFile settings_;
   std::string settingsPath_;
-  std::string tabCount_;
   files::OutOfMemory outOfMemory_;
-  bool unwritten_ = false;  // the settings in hand live in this run alone
+  std::optional<Found> unwritten_;  // what the first run found, until it stands in the settings file
   std::optional<link::Advice> usbAdvice_;
   bool loaded_ = false;
   bool cancelled_ = false;

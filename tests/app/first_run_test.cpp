@@ -65,6 +65,42 @@ TEST_F(FirstRun, WhereTheKeysCannotBeWrittenTheNextStartSearchesAgain) {
   EXPECT_TRUE(fileThere());
 }
 
+TEST_F(FirstRun, WhatCouldNotBeWrittenIsWrittenWholeWhereTheUserSavesItAtTheEnd) {
+  plugSerial(3, 4800);
+  files.replaceErrors = {{1, platform::FileReplace::kNoSpace}};
+  ASSERT_TRUE(program.Form_Load());
+  ASSERT_FALSE(fileThere());
+  messages.answers = {platform::MessageAnswer::kYes};
+  EXPECT_TRUE(program.requestClose());
+
+  searchView.tried.clear();
+  Program second(with(hid), "folder");
+  ASSERT_TRUE(second.Form_Load());
+  EXPECT_TRUE(searchView.tried.empty());
+  EXPECT_EQ(second.form.caption(), "Vireon K7310");
+  EXPECT_EQ(second.state.modelId, "K7310");
+  EXPECT_EQ(second.form.SSTab1.tabs(), 2);
+  EXPECT_EQ(second.form.StatusBar1.panel(2), "COM3:4800");
+}
+
+TEST_F(FirstRun, ASearchBeforeTheEndDoesNotChangeWhichInstrumentIsWrittenDown) {
+  plugSerial(3, 4800);
+  files.replaceErrors = {{1, platform::FileReplace::kNoSpace}};
+  ASSERT_TRUE(program.Form_Load());
+  plugSerial(2, 9600, "K7900");
+  program.connection.serial().com_search();
+  ASSERT_EQ(program.state.modelId, "K7900");
+  messages.answers = {platform::MessageAnswer::kYes};
+  EXPECT_TRUE(program.requestClose());
+
+  Program second(with(hid), "folder");
+  ASSERT_TRUE(second.Form_Load());
+  EXPECT_EQ(second.form.caption(), "Vireon K7310");
+  EXPECT_EQ(second.state.modelId, "K7310");
+  EXPECT_EQ(second.form.SSTab1.tabs(), 2);
+  EXPECT_EQ(second.form.StatusBar1.panel(2), "COM2:9600");
+}
+
 TEST_F(FirstRun, ASecondStartReadsWhatTheFirstOneWrote) {
   plugUsb(0xE004, "K7900");
   ASSERT_TRUE(program.Form_Load());
