@@ -69,15 +69,23 @@ int writeAll(const PosixCalls& calls, int file, std::string_view bytes) {
   return 0;
 }
 
-// The owner is kept where the system allows it: a file written once as root stays its user's.
+// True where the file has the group of `old` afterwards. Without privilege a new owner is refused, and the
+// group with it where both are asked for at once.
+bool takeOwners(const PosixCalls& calls, int file, const struct stat& now, const struct stat& old) {
+  if (now.st_uid == old.st_uid && now.st_gid == old.st_gid) return true;
+  if (calls.fchown(file, old.st_uid, old.st_gid) == 0 || now.st_gid == old.st_gid) return true;
+  return calls.fchown(file, static_cast<uid_t>(-1), old.st_gid) == 0;
+}
+
+// Owner and group are kept where the system allows it: a file written once as root stays its user's, and a
+// shared one its group's. Another group gets no rights.
 int takePermissions(const PosixCalls& calls, int file, const struct stat& old) {
   struct stat now {};
   if (calls.fstat(file, &now) != 0) return errno;
-  if (now.st_uid != old.st_uid || now.st_gid != old.st_gid) {
-    static_cast<void>(calls.fchown(file, old.st_uid, old.st_gid));
-  }
-  if ((now.st_mode & kPermissions) == (old.st_mode & kPermissions)) return 0;
-  return calls.fchmod(file, old.st_mode & kPermissions) == 0 ? 0 : errno;
+  const mode_t kept = takeOwners(calls, file, now, old) ? kPermissions : kPermissions & ~mode_t{S_IRWXG};
+  const mode_t mode = old.st_mode & kept;
+  if ((now.st_mode & kPermissions) == mode) return 0;
+  return calls.fchmod(file, mode) == 0 ? 0 : errno;
 }
 
 // A new file beside the one it will replace; removed unless it took that place.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -87,6 +88,56 @@ TEST_F(FileReplacingTest, AnOldFileKeepsItsOwner) {
 
   EXPECT_EQ(statusOf(path_).st_uid, owner);
   EXPECT_EQ(contentOf(path_), "new");
+}
+
+constexpr uid_t kSame = static_cast<uid_t>(-1);  // of owner and group alike: as it was
+constexpr uid_t kOtherOwner = 65533;
+constexpr gid_t kOtherGroup = 65532;
+
+// An account that shares a file with its owner, and that gives what it makes to nobody else.
+class SharedFileTest : public FileReplacingTest {
+ protected:
+  struct Given {
+    uid_t owner;
+    gid_t group;
+    bool operator==(const Given&) const = default;
+  };
+
+  // Replaces the file as it is under `mode`, where the group is taken or refused too.
+  mode_t modeAfter(mode_t mode, bool groupIsTaken) {
+    writeFile(path_, "old");
+    EXPECT_EQ(::chmod(path_.c_str(), mode), 0);
+    adapters::PosixCalls calls;
+    calls.lstat = [](const char* path, struct stat* status) {
+      const int result = ::lstat(path, status);
+      status->st_uid = kOtherOwner;
+      status->st_gid = kOtherGroup;
+      return result;
+    };
+    calls.fchown = [this, groupIsTaken](int, uid_t owner, gid_t group) {
+      given_.push_back({owner, group});
+      if (owner == kSame && groupIsTaken) return 0;
+      errno = EPERM;
+      return -1;
+    };
+    given_.clear();
+    EXPECT_EQ(PosixFileStore(calls).replace(path_, "new"), FileReplace::kDone);
+    EXPECT_EQ(contentOf(path_), "new");
+    return modeOf(path_);
+  }
+
+  std::vector<Given> given_;
+};
+
+TEST_F(SharedFileTest, KeepsItsGroupWhereItsOwnerCannotBeKept) {
+  EXPECT_EQ(modeAfter(0660, true), 0660U);
+  EXPECT_EQ(given_, (std::vector<Given>{{kOtherOwner, kOtherGroup}, {kSame, kOtherGroup}}));
+}
+
+TEST_F(SharedFileTest, IsClosedToTheNewGroupWhereItsOwnCannotBeKept) {
+  EXPECT_EQ(modeAfter(0660, false), 0600U);
+  EXPECT_EQ(modeAfter(0674, false), 0604U);
+  EXPECT_EQ(modeAfter(0600, false), 0600U);
 }
 
 TEST_F(FileReplacingTest, AReaderOfTheOldFileKeepsIt) {
