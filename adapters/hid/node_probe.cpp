@@ -11,6 +11,8 @@
 #include <span>
 #include <utility>
 
+#include "adapters/posix/repeated.h"
+
 namespace vireon::adapters {
 namespace {
 
@@ -21,11 +23,8 @@ NodeCheck refused(HidOpenError error) {
 }
 
 FileDescriptor openForBoth(const std::string& path) {
-  int number = -1;
-  do {
-    number = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
-  } while (number < 0 && errno == EINTR);
-  return FileDescriptor(number);
+  return FileDescriptor(
+      repeated([&] { return ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK); }));
 }
 
 // None where the open file is no HID node, or is one no more.

@@ -5,16 +5,9 @@
 #include <utility>
 
 #include "adapters/posix/posix_calls.h"
+#include "adapters/posix/repeated.h"
 
 namespace vireon::adapters {
-
-// Repeats a call that a signal ended.
-template <typename Call>
-auto repeated(Call call) {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
-  return result;
-}
 
 // Owns one open file, or none.
 class OpenFile {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "adapters/posix/open_file.h"
+#include "adapters/posix/repeated.h"
 
 namespace vireon::adapters {
 namespace {
