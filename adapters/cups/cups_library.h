@@ -8,6 +8,8 @@ namespace vireon::adapters {
 
 // What is used of libcups.
 struct CupsLibrary {
+  decltype(&::cupsSetServer) setServer = nullptr;
+  decltype(&::cupsSetPasswordCB2) setPasswordCallback = nullptr;
   decltype(&::cupsAddOption) addOption = nullptr;
   decltype(&::cupsFreeOptions) freeOptions = nullptr;
   decltype(&::cupsGetNamedDest) getNamedDest = nullptr;

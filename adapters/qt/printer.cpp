@@ -6,6 +6,7 @@
 #include <QPrinterInfo>
 
 #include "adapters/cups/cups_queue.h"
+#include "adapters/cups/cups_thread.h"
 #include "adapters/qt/pdf_document.h"
 
 namespace vireon::adapters {
@@ -13,7 +14,7 @@ namespace {
 
 constexpr double kMargin = 15;  // millimetres, where no printer says what it needs
 
-// Empty where none is installed.
+// Empty where none is installed. Waits for the print service, as does all that asks for the printer found.
 QString systemPrinter() {
   const QString chosen = QPrinterInfo::defaultPrinterName();
   return chosen.isEmpty() ? QPrinterInfo::availablePrinterNames().value(0) : chosen;
@@ -27,19 +28,33 @@ QPageLayout usualPaper() {
 
 }  // namespace
 
+void QtPrinter::ask(const std::function<void()>& question) {
+  worker_.run([&] {
+    if (!loaded_) {
+      loadPrintSupport([] { QPrinterInfo::defaultPrinterName(); });
+      loaded_ = true;
+    }
+    question();
+  });
+}
+
 std::unique_ptr<platform::PrintDocument> QtPrinter::begin() {
-  const QString name = systemPrinter();
-  return std::make_unique<PdfDocument>(
-      name.isEmpty() ? usualPaper() : QPrinter(QPrinterInfo::printerInfo(name)).pageLayout());
+  QPageLayout paper = usualPaper();
+  ask([&] {
+    if (const QString name = systemPrinter(); !name.isEmpty()) {
+      paper = QPrinter(QPrinterInfo::printerInfo(name)).pageLayout();
+    }
+  });
+  return std::make_unique<PdfDocument>(paper);
 }
 
 platform::PrintResult QtPrinter::print(const std::string& title, std::string_view document) {
-  const std::string name = systemPrinter().toStdString();
-  if (name.empty()) {
-    return platform::PrintResult::kNoPrinter;
-  }
-  auto result = platform::PrintResult::kRefused;
-  worker_.run([&] { result = printOnQueue(name, title, document); });
+  auto result = platform::PrintResult::kNoPrinter;
+  ask([&] {
+    if (const QString name = systemPrinter(); !name.isEmpty()) {
+      result = printOnQueue(name.toStdString(), title, document);
+    }
+  });
   return result;
 }
 

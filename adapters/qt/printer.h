@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <functional>
 
 #include "adapters/qt/background_worker.h"
 #include "adapters/qt/modal_gate.h"
@@ -18,6 +18,10 @@ class QtPrinter : public platform::Printer {
   platform::PrintResult print(const std::string& title, std::string_view document) override;
 
  private:
+  // Runs what may wait for the print service, on the one thread that the print support knows.
+  void ask(const std::function<void()>& question);
+
+  bool loaded_ = false;  // the print support, of the worker
   BackgroundWorker worker_;
 };
 
