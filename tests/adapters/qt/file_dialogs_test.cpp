@@ -73,6 +73,16 @@ class FileDialogs : public testing::Test {
     return {"Bitmap Image (*.bmp)|*.bmp|Two kinds|*.a;*.b", folder.path().string(), ".BMP"};
   }
 
+  // The user opens a.bmp in the folder.
+  std::string openPicture() {
+    write("a.bmp");
+    const DialogUser user([this](QFileDialog& dialog) {
+      enterName(dialog, QString::fromStdString(path("a.bmp")));
+      accept(dialog);
+    });
+    return dialogs.openName(question());
+  }
+
   TemporaryFolder folder;
   adapters::ModalGate gate;
   adapters::QtFileDialogs dialogs{gate};
@@ -102,12 +112,7 @@ TEST_F(FileDialogs, AreTheToolkitsOwnOnEveryDesktop) {
 }
 
 TEST_F(FileDialogs, GiveTheChosenNameToOpen) {
-  write("a.bmp");
-  const DialogUser user([this](QFileDialog& dialog) {
-    enterName(dialog, QString::fromStdString(path("a.bmp")));
-    accept(dialog);
-  });
-  EXPECT_EQ(dialogs.openName(question()), path("a.bmp"));
+  EXPECT_EQ(openPicture(), path("a.bmp"));
 }
 
 TEST_F(FileDialogs, GiveTheChosenNameToSaveWithTheExtensionThatItLacks) {
@@ -256,12 +261,7 @@ TEST_F(FileDialogs, BeginAnewWithEachQuestion) {
 }
 
 TEST_F(FileDialogs, ShowFirstTheFolderOfTheFileChosenLast) {
-  write("a.bmp");
-  const DialogUser chooser([this](QFileDialog& dialog) {
-    enterName(dialog, QString::fromStdString(path("a.bmp")));
-    accept(dialog);
-  });
-  dialogs.openName(question());
+  openPicture();
   const TemporaryFolder other;
   const DialogUser away([&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.directory().absolutePath().toStdString(), other.path().string());
@@ -276,12 +276,7 @@ TEST_F(FileDialogs, ShowFirstTheFolderOfTheFileChosenLast) {
 }
 
 TEST_F(FileDialogs, ShowTheFolderOfTheFileChosenLastWhereTheWantedOneIsGone) {
-  write("a.bmp");
-  const DialogUser chooser([this](QFileDialog& dialog) {
-    enterName(dialog, QString::fromStdString(path("a.bmp")));
-    accept(dialog);
-  });
-  dialogs.openName(question());
+  openPicture();
   const TemporaryFolder other;
   const DialogUser user([this](QFileDialog& dialog) {
     EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder.path().string());
