@@ -4,17 +4,27 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QTreeView>
 #include <memory>
 
 namespace vireon::adapters {
 namespace {
 
-// What leads to other folders.
-constexpr const char* kWays[] = {"lookInLabel",    "lookInCombo",     "backButton", "forwardButton",
-                                 "toParentButton", "newFolderButton", "sidebar"};
+// What leads to other folders, and the two buttons that would be left of their row.
+constexpr const char* kWays[] = {"lookInLabel",   "lookInCombo",    "backButton",
+                                 "forwardButton", "toParentButton", "newFolderButton",
+                                 "sidebar",       "listModeButton", "detailModeButton"};
+
+// The names take the room that sizes, kinds and dates leave.
+void fitColumns(QTreeView& list) {
+  list.header()->setStretchLastSection(false);
+  list.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  list.header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
 
 }  // namespace
 
@@ -27,6 +37,9 @@ class QtFileDialogs::Dialog : public QFileDialog {
     setOption(DontUseNativeDialog);
     setIconProvider(&icons);
     setFileMode(AnyFile);
+    if (auto* const list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
+      fitColumns(*list);
+    }
     if (!stays) {
       return;
     }

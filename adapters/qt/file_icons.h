@@ -10,7 +10,8 @@ class FileIcons : public QFileIconProvider {
  public:
   using QFileIconProvider::icon;
   QIcon icon(const QFileInfo& file) const override;
-  // In the words of the system's list of kinds. Never empty: the toolkit's list leaves such a file out.
+  // In the words of the system's list of kinds, but for the program's own two. Never empty: the toolkit's
+  // list leaves such a file out.
   QString type(const QFileInfo& file) const override;
 
  private:

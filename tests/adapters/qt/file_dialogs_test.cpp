@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <array>
 #include <fstream>
 #include <memory>
@@ -109,6 +110,23 @@ TEST_F(FileDialogs, AreTheToolkitsOwnOnEveryDesktop) {
     });
     dialogs.openName(asked);
   }
+}
+
+TEST_F(FileDialogs, ShowSizesKindsAndDatesWhole) {
+  write("a.bmp");
+  const DialogUser user([](QFileDialog& dialog) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shownNames(dialog).size() == 1; }));
+    const auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    const QAbstractItemModel& files = *list->model();
+    for (int column = 1; column < files.columnCount(list->rootIndex()); ++column) {
+      const QString text = files.index(0, column, list->rootIndex()).data().toString();
+      EXPECT_TRUE(QTest::qWaitFor([&] {
+        return list->columnWidth(column) > QFontMetrics(list->font()).horizontalAdvance(text);
+      })) << qUtf8Printable(text);
+    }
+    dialog.reject();
+  });
+  dialogs.openName(question());
 }
 
 TEST_F(FileDialogs, GiveTheChosenNameToOpen) {
@@ -221,6 +239,8 @@ TEST_F(FileDialogs, TellTheKindOfAFileByItsName) {
   const adapters::FileIcons icons;
   EXPECT_EQ(icons.type(QFileInfo(QString::fromStdString(path("x.txt")))),
             QMimeDatabase().mimeTypeForName(QStringLiteral("text/plain")).comment());
+  EXPECT_EQ(icons.type(QFileInfo(QString::fromStdString(path("x.WFM")))), QStringLiteral("waveform"));
+  EXPECT_EQ(icons.type(QFileInfo(QString::fromStdString(path("x.trd")))), QStringLiteral("trend"));
   EXPECT_EQ(icons.type(QFileInfo(QString::fromStdString(path("x.nobody-knows")))),
             QMimeDatabase().mimeTypeForName(QStringLiteral("application/octet-stream")).comment());
   EXPECT_EQ(icons.type(QFileInfo(QString::fromStdString(folder.path()))),
