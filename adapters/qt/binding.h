@@ -28,8 +28,9 @@ class Binding {
 
  protected:
   // Does to the control what was done to its widget or action, `face`: at once, or when the windows no longer
-  // only paint. Then there is no input of a mouse or a keyboard, but an assistive technology works on.
-  void act(QObject& face, const std::function<void()>& action) const;
+  // only paint. Then there is no input of a mouse or a keyboard, but an assistive technology works on, and so
+  // does a button that its shortcut has pressed. What a message overtakes is undone, as a mouse's click is.
+  void act(QObject& face, const std::function<void()>& action);
 
  private:
   QWidget* widget_;

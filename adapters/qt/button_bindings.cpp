@@ -92,9 +92,11 @@ OptionButtonBinding::OptionButtonBinding(form::OptionButton& control, QAbstractB
                                          const ModalGate& gate)
     : CaptionBinding(control, widget, gate), control_(control) {
   QObject::connect(&widget, &QAbstractButton::toggled, &widget, [this](bool checked) {
-    if (checked) {
-      act(button(), [this] { control_.setValue(true); });
-    }
+    act(button(), [this, checked] {
+      if (checked) {
+        control_.setValue(true);
+      }
+    });
   });
 }
 

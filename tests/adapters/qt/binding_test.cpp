@@ -6,6 +6,7 @@
 #include <QSlider>
 #include <QTabBar>
 #include <QTableView>
+#include <span>
 
 #include "adapters/qt/lamp.h"
 #include "link/long_work.h"
@@ -234,8 +235,20 @@ TEST_F(BindingOf, AnAssistiveTechnologyTogglesButtonsWithoutAClick) {
   EXPECT_NE(lastCommand(), sent);
 }
 
-TEST_F(BindingOf, WhatAnAssistiveTechnologyDoesWhileTheWindowOnlyPaintsWaits) {
-  const std::function<void()> acts[] = {
+class Assisted : public BindingOf {
+ protected:
+  void expectUnmoved() {
+    EXPECT_EQ(find<QSlider>("sldPosH")->value(), form().sldPosH.value());
+    EXPECT_EQ(find<QAbstractButton>("chkVac_0")->isChecked(), form().chkVac[0].value() == 1);
+    EXPECT_EQ(find<QAbstractButton>("optTS_0")->isChecked(), form().optTS[0].value());
+    EXPECT_EQ(find<QAbstractButton>("optTS_1")->isChecked(), form().optTS[1].value());
+    EXPECT_EQ(form().txtSTime.text(), "0.5");
+    EXPECT_EQ(find<QLineEdit>("txtSTime")->text(), QStringLiteral("0.5"));
+    EXPECT_EQ(find<QTabBar>("SSTab1")->currentIndex(), 0);
+  }
+
+  const std::function<void()> acts[7] = {
+      [this] { find<QLineEdit>("txtSTime")->setText(QStringLiteral("3")); },
       [this] { find<QSlider>("sldPosH")->setValue(find<QSlider>("sldPosH")->value() + 1); },
       [this] { find<QAbstractButton>("cmdVu_0")->click(); },
       [this] { find<QAbstractButton>("chkVac_0")->toggle(); },
@@ -243,7 +256,10 @@ TEST_F(BindingOf, WhatAnAssistiveTechnologyDoesWhileTheWindowOnlyPaintsWaits) {
       [this] { find<QAction>("mnuSmm_1")->trigger(); },
       [this] { find<QTabBar>("SSTab1")->setCurrentIndex(1); },
   };
-  for (const auto& act : acts) {
+};
+
+TEST_F(Assisted, WhatIsDoneWhileTheWindowOnlyPaintsWaits) {
+  for (const auto& act : std::span(acts).subspan(1)) {
     const std::uint64_t before = instrument.commandCount();
     {
       const adapters::ModalGate::Painting painting(gate);
@@ -254,6 +270,31 @@ TEST_F(BindingOf, WhatAnAssistiveTechnologyDoesWhileTheWindowOnlyPaintsWaits) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return instrument.commandCount() > before; }, 30000)) << &act - acts;
   }
   EXPECT_TRUE(messages.seen.empty());
+}
+
+TEST_F(Assisted, WhatIsDoneBehindAMessageIsUndone) {
+  const std::uint64_t before = instrument.commandCount();
+  {
+    const adapters::ModalGate::Hold message(gate);
+    for (const auto& act : acts) act();
+    expectUnmoved();
+  }
+  letHappen(std::chrono::milliseconds(100));
+  expectUnmoved();
+  EXPECT_EQ(instrument.commandCount(), before);
+}
+
+TEST_F(Assisted, WhatAMessageOvertakesIsUndone) {
+  const std::uint64_t before = instrument.commandCount();
+  {
+    const adapters::ModalGate::Painting painting(gate);
+    for (const auto& act : acts) act();
+    const adapters::ModalGate::Hold message(gate);
+    turn();
+  }
+  letHappen(std::chrono::milliseconds(100));
+  expectUnmoved();
+  EXPECT_EQ(instrument.commandCount(), before);
 }
 
 TEST_F(BindingOf, TheCaptionOfTheWindowFollowsTheIdentity) {

@@ -1,4 +1,6 @@
 #include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
 
 #include "tests/adapters/qt/window_fixture.h"
 
@@ -45,6 +47,39 @@ TEST_F(Unplug, AtEachReportOfALiveExchangeGivesOneMessageAndACleanReconnect) {
     EXPECT_EQ(form().picScope.lines().size(), 248U);
     EXPECT_EQ(messages.seen.size(), 1U);
   }
+}
+
+TEST_F(Unplug, AButtonThatComesUpBehindTheMessageAfterItsShortcutDoesNothing) {
+  goLive();
+  auto* const button = find<QAbstractButton>("cmdVu_0");
+  messages.whileOpen = [&] { EXPECT_TRUE(QTest::qWaitFor([&] { return !button->isDown(); }, 30000)); };
+  endpoint.unplug();
+  button->animateClick();
+  form().tmrInt.tick();
+  letHappen(150ms);
+  EXPECT_EQ(messages.seen.size(), 1U);
+  expectDisconnected();
+}
+
+TEST_F(Unplug, WhatIsTurnedBehindTheMessageGoesBackWithTheWindow) {
+  goLive();
+  const int position = find<QSlider>("sldPosH")->value();
+  const QString time = find<QLineEdit>("txtSTime")->text();
+  messages.whileOpen = [&] {
+    find<QAbstractButton>("chkVac_0")->toggle();
+    find<QAbstractButton>("optTS_1")->toggle();
+    find<QSlider>("sldPosH")->setValue(position + 1);
+    find<QLineEdit>("txtSTime")->setText(QStringLiteral("3"));
+  };
+  endpoint.unplug();
+  form().tmrInt.tick();
+  letHappen(150ms);
+  EXPECT_EQ(messages.seen.size(), 1U);
+  EXPECT_EQ(find<QAbstractButton>("chkVac_0")->isChecked(), form().chkVac[0].value() == 1);
+  EXPECT_EQ(find<QAbstractButton>("optTS_0")->isChecked(), form().optTS[0].value());
+  EXPECT_EQ(find<QAbstractButton>("optTS_1")->isChecked(), form().optTS[1].value());
+  EXPECT_EQ(find<QSlider>("sldPosH")->value(), position);
+  EXPECT_EQ(find<QLineEdit>("txtSTime")->text(), time);
 }
 
 TEST_F(Unplug, NoTimerTicksWhileTheMessageIsOpenNorAfterIt) {
