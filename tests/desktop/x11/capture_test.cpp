@@ -4,6 +4,8 @@
 #include <QScrollBar>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
+#include <cstdint>
 #include <string>
 
 #include "adapters/qt/bitmap_image.h"
@@ -25,6 +27,7 @@ class X11Capture : public WindowTest {
     if (!X11Desktop::canStart()) GTEST_SKIP() << "without Xvfb, openbox, xdotool, ImageMagick and x11-utils";
     ASSERT_TRUE(
         waitFor([this] { return framed(window()) && screen.foregroundWindow() == window().winId(); }));
+    ASSERT_TRUE(waitFor([this] { return iconShown(); }));
     settle();
   }
 
@@ -35,6 +38,15 @@ class X11Capture : public WindowTest {
 
   static bool framed(const QWidget& widget) {
     return widget.windowHandle() != nullptr && widget.windowHandle()->frameMargins().top() > 0;
+  }
+
+  // The window gets its icon a moment after the start, and its frame then shows the red trace.
+  bool iconShown() {
+    const platform::ScreenRectangle at = X11Desktop::frameOf(window().winId());
+    const platform::Bitmap corner = part(X11Desktop::screen(), at.left, at.top, 30, 20);
+    return std::any_of(corner.pixels.begin(), corner.pixels.end(), [](std::uint32_t pixel) {
+      return (pixel >> 16U) > 150 && (pixel >> 16U) > 2 * (pixel >> 8U & 0xFFU);
+    });
   }
 
   // Until the screen shows the same twice.
