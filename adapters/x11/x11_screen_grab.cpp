@@ -74,46 +74,61 @@ class PixelReader {
   bool lowFirst_;
 };
 
+// A part of the screen as the server sent it.
+struct Image {
+  Reply<xcb_get_image_reply_t> reply;  // null when it cannot be read
+  unsigned bits = 0;                   // of a pixel, a multiple of 8
+  std::size_t stride = 0;              // bytes from a row to the next
+};
+
+Image imageOf(xcb_connection_t* connection, const platform::ScreenRectangle& at) {
+  const auto width = static_cast<std::uint16_t>(at.right - at.left);
+  const auto height = static_cast<std::uint16_t>(at.bottom - at.top);
+  Image image;
+  image.reply.reset(xcb_get_image_reply(
+      connection,
+      xcb_get_image(
+          connection, XCB_IMAGE_FORMAT_Z_PIXMAP, xcb_setup_roots_iterator(setupOf(connection)).data->root,
+          static_cast<std::int16_t>(at.left), static_cast<std::int16_t>(at.top), width, height, ~0U),
+      nullptr));
+  const xcb_format_t* const format =
+      image.reply == nullptr ? nullptr : formatOf(connection, image.reply->depth);
+  if (format == nullptr || format->bits_per_pixel % 8 != 0) {
+    return {};
+  }
+  image.bits = format->bits_per_pixel;
+  const unsigned pad = format->scanline_pad;
+  image.stride = (width * image.bits + pad - 1) / pad * pad / 8;
+  if (static_cast<std::size_t>(xcb_get_image_data_length(image.reply.get())) < image.stride * height) {
+    return {};
+  }
+  return image;
+}
+
 // The part of the screen that lies in `at`; the rest of the bitmap stays black. Empty when it cannot be read.
 platform::Bitmap screenPart(xcb_connection_t* connection, const platform::ScreenRectangle& at) {
+  if ((std::int64_t{at.right} - at.left) * (std::int64_t{at.bottom} - at.top) > kMostPixels) {
+    return {};
+  }
   const xcb_screen_t& screen = *xcb_setup_roots_iterator(setupOf(connection)).data;
   const platform::ScreenRectangle seen{std::max(at.left, 0), std::max(at.top, 0),
                                        std::min<int>(at.right, screen.width_in_pixels),
                                        std::min<int>(at.bottom, screen.height_in_pixels)};
   const xcb_visualtype_t* const visual = visualOf(connection);
-  if ((std::int64_t{at.right} - at.left) * (std::int64_t{at.bottom} - at.top) > kMostPixels) {
-    return {};
-  }
   if (visual == nullptr || seen.left >= seen.right || seen.top >= seen.bottom) {
     return {};
   }
-  const int width = seen.right - seen.left;
-  const int height = seen.bottom - seen.top;
-  const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(
-      connection,
-      xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, screen.root, static_cast<std::int16_t>(seen.left),
-                    static_cast<std::int16_t>(seen.top), static_cast<std::uint16_t>(width),
-                    static_cast<std::uint16_t>(height), ~0U),
-      nullptr));
-  const xcb_format_t* const format = image == nullptr ? nullptr : formatOf(connection, image->depth);
-  if (format == nullptr || format->bits_per_pixel % 8 != 0) {
+  const Image image = imageOf(connection, seen);
+  if (image.reply == nullptr) {
     return {};
   }
-  const unsigned bits = format->bits_per_pixel;
-  const unsigned pad = format->scanline_pad;
-  const std::size_t stride = (static_cast<unsigned>(width) * bits + pad - 1) / pad * pad / 8;
-  if (static_cast<std::size_t>(xcb_get_image_data_length(image.get())) <
-      stride * static_cast<std::size_t>(height)) {
-    return {};
-  }
-  const PixelReader read(*setupOf(connection), bits);
-  const std::uint8_t* const data = xcb_get_image_data(image.get());
+  const PixelReader read(*setupOf(connection), image.bits);
+  const std::uint8_t* row = xcb_get_image_data(image.reply.get());
   platform::Bitmap bitmap = platform::blackBitmap(at.right - at.left, at.bottom - at.top);
-  for (int y = 0; y < height; ++y) {
-    const std::uint8_t* pixel = data + static_cast<std::size_t>(y) * stride;
-    auto to =
-        bitmap.pixels.begin() + std::ptrdiff_t{y + seen.top - at.top} * bitmap.width + seen.left - at.left;
-    for (int x = 0; x < width; ++x, pixel += bits / 8, ++to) {
+  for (int y = seen.top; y < seen.bottom; ++y, row += image.stride) {
+    const std::uint8_t* pixel = row;
+    auto to = bitmap.pixels.begin() + std::ptrdiff_t{y - at.top} * bitmap.width + seen.left - at.left;
+    for (int x = seen.left; x < seen.right; ++x, pixel += image.bits / 8, ++to) {
       const std::uint32_t value = read(pixel);
       *to = field(value, visual->red_mask) << 16U | field(value, visual->green_mask) << 8U |
             field(value, visual->blue_mask);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "adapters/qt/desktop_identity.h"
@@ -24,52 +26,63 @@ using vireon::simulator::Model;
 constexpr std::array<std::pair<const char*, Model>, 4> kModels = {
     {{"K7310", Model::kK7310}, {"K7210", Model::kK7210}, {"K7201", Model::kK7201}, {"K7900", Model::kK7900}}};
 
-}  // namespace
+// What the command line asks for.
+struct Wishes {
+  std::optional<Model> model = Model::kK7310;  // none: one that does not exist
+  std::optional<QString> tour;                 // a folder, and so are
+  std::optional<QString> pictures;
+  bool untilShown = false;
+  bool dark = false;
+};
 
-int main(int argc, char** argv) {
-  const QApplication application(argc, argv);
-  vireon::adapters::setDesktopIdentity(QStringLiteral("vireon-demo"));
-  QApplication::setStyle(QStringLiteral("Fusion"));
+std::optional<Model> modelNamed(const QString& name) {
+  const auto* const model = std::find_if(
+      kModels.begin(), kModels.end(), [&](const auto& entry) { return name == QLatin1String(entry.first); });
+  if (model == kModels.end()) {
+    return std::nullopt;
+  }
+  return model->second;
+}
 
+// Ends the program itself on a wrong option, --help and --version.
+Wishes readCommandLine(const QCoreApplication& application) {
   QCommandLineParser options;
   options.setApplicationDescription(QStringLiteral("The Vireon window on a simulated instrument."));
   options.addHelpOption();
   options.addVersionOption();
-  const QCommandLineOption modelOption(
-      QStringLiteral("model"), QStringLiteral("Simulate <model>: K7310 (default), K7210, K7201 or K7900."),
-      QStringLiteral("model"), QStringLiteral("K7310"));
-  const QCommandLineOption tourOption(
+  const QCommandLineOption model(QStringLiteral("model"),
+                                 QStringLiteral("Simulate <model>: K7310 (default), K7210, K7201 or K7900."),
+                                 QStringLiteral("model"), QStringLiteral("K7310"));
+  const QCommandLineOption tour(
       QStringLiteral("tour"),
       QStringLiteral("Take a short tour by itself, leave pictures in <folder>, and end."),
       QStringLiteral("folder"));
-  const QCommandLineOption shownOption(
+  const QCommandLineOption shown(
       QStringLiteral("until-shown"),
       QStringLiteral("End as soon as the window is on the screen; for measuring the start."));
-  const QCommandLineOption picturesOption(
+  const QCommandLineOption pictures(
       QStringLiteral("pictures"),
       QStringLiteral("Take the pictures of the documents into <folder>, and end."), QStringLiteral("folder"));
-  const QCommandLineOption darkOption(QStringLiteral("dark"), QStringLiteral("Use a dark palette."));
-  options.addOptions({modelOption, tourOption, shownOption, picturesOption, darkOption});
+  const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Use a dark palette."));
+  options.addOptions({model, tour, shown, pictures, dark});
   options.process(application);
 
-  const auto* const model = std::find_if(kModels.begin(), kModels.end(), [&](const auto& entry) {
-    return options.value(modelOption) == QLatin1String(entry.first);
-  });
-  if (model == kModels.end()) {
-    std::fputs("There is no such model. Models: K7310, K7210, K7201, K7900.\n", stderr);
-    return 2;
-  }
+  const auto valueOf = [&](const QCommandLineOption& option) {
+    return options.isSet(option) ? std::optional(options.value(option)) : std::nullopt;
+  };
+  return {modelNamed(options.value(model)), valueOf(tour), valueOf(pictures), options.isSet(shown),
+          options.isSet(dark)};
+}
 
-  if (options.isSet(darkOption)) {
-    QApplication::setPalette(vireon::app::darkPalette());
-  }
+// The window on a simulated instrument, until it is closed or has done what was asked for.
+int run(const Wishes& wishes, Model model) {
   vireon::simulator::SteadyClock steadyClock;
   vireon::simulator::ManualClock pictureClock;
   vireon::simulator::Clock* const clocks[] = {&steadyClock, &pictureClock};
-  vireon::simulator::Clock& clock = *clocks[options.isSet(picturesOption) ? 1 : 0];
-  vireon::simulator::Instrument instrument(model->second, clock);
+  vireon::simulator::Clock& clock = *clocks[wishes.pictures ? 1 : 0];
+  vireon::simulator::Instrument instrument(model, clock);
   vireon::simulator::UsbEndpoint endpoint(instrument, clock);
-  vireon::app::SimulatedHid hid(endpoint, model->second);
+  vireon::app::SimulatedHid hid(endpoint, model);
   vireon::adapters::ModalGate gate;
   vireon::adapters::QtSerialPort noSerialPort(gate, [](int) { return QString(); });
   const std::string folder = vireon::adapters::programFolder();
@@ -79,17 +92,33 @@ int main(int argc, char** argv) {
   if (!session.show()) {
     return 1;
   }
-  if (options.isSet(tourOption)) {
-    return vireon::app::runTour(session, instrument, options.value(tourOption).toStdString());
+  if (wishes.tour) {
+    return vireon::app::runTour(session, instrument, wishes.tour->toStdString());
   }
-  if (options.isSet(picturesOption)) {
-    return vireon::app::takePictures(session, instrument, pictureClock,
-                                     options.value(picturesOption).toStdString(),
-                                     options.isSet(darkOption) ? "-dark" : "");
+  if (wishes.pictures) {
+    return vireon::app::takePictures(session, instrument, pictureClock, wishes.pictures->toStdString(),
+                                     wishes.dark ? "-dark" : "");
   }
-  if (options.isSet(shownOption)) {
-    const vireon::app::EndWhenShown end(session.window());
-    return QApplication::exec();
+  std::optional<vireon::app::EndWhenShown> end;
+  if (wishes.untilShown) {
+    end.emplace(session.window());
   }
   return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  vireon::adapters::setDesktopIdentity(QStringLiteral("vireon-demo"));
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  const Wishes wishes = readCommandLine(application);
+  if (!wishes.model) {
+    std::fputs("There is no such model. Models: K7310, K7210, K7201, K7900.\n", stderr);
+    return 2;
+  }
+  if (wishes.dark) {
+    QApplication::setPalette(vireon::app::darkPalette());
+  }
+  return run(wishes, *wishes.model);
 }
