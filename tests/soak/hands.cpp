@@ -18,7 +18,7 @@ constexpr int kNotch = 120;  // eighths of a degree
 void Hands::mouse(QWidget& widget, QPoint at, QEvent::Type type, Qt::MouseButton button,
                   Qt::MouseButtons held) {
   QWidget* const top = widget.window();
-  if (QWindow* const window = top->windowHandle()) {
+  if (QWindow* const window = top->windowHandle(); window != nullptr && window->isVisible()) {
     qt_handleMouseEvent(window, widget.mapTo(top, at), widget.mapToGlobal(at), held, button, type,
                         Qt::NoModifier, time_);
   }
@@ -61,7 +61,7 @@ void Hands::release(QWidget& widget, QPoint at) {
 
 void Hands::wheel(QWidget& widget, QPoint at, int notches) {
   QWidget* const top = widget.window();
-  if (QWindow* const window = top->windowHandle()) {
+  if (QWindow* const window = top->windowHandle(); window != nullptr && window->isVisible()) {
     QWheelEvent event(widget.mapTo(top, at), widget.mapToGlobal(at), QPoint(), QPoint(0, notches * kNotch),
                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window, &event);
@@ -70,11 +70,11 @@ void Hands::wheel(QWidget& widget, QPoint at, int notches) {
 
 void Hands::key(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   const QPointer<QWindow> window = widget.window()->windowHandle();
-  if (window == nullptr) {
+  if (window == nullptr || !window->isVisible()) {
     return;
   }
   qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text);
-  if (window != nullptr) {
+  if (window != nullptr && window->isVisible()) {
     qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text);
   }
 }

@@ -129,6 +129,9 @@ class Soak::Session {
       notTooLong();
       return;
     }
+    if (stage_.shown && !stage_.window().isVisible() && !gate_.closed()) {
+      return;  // a window that has gone is not used; a message that it leaves is answered
+    }
     if (stage_.shown) {
       lookAround();
     }
