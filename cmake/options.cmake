@@ -8,10 +8,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 reports std::string's own operator+ (GCC bug 105651).
   target_compile_options(vireon_options INTERFACE -Wno-restrict)
 endif()
-if(CMAKE_UNITY_BUILD)
-  # Files compiled together may have the same name at file scope of one and in a function of another.
-  target_compile_options(vireon_options INTERFACE -Wno-shadow)
-endif()
+# Files compiled together may have the same name at file scope of one and in a function of another.
+target_compile_options(vireon_options INTERFACE $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)
 if(VIREON_SANITIZE)
   target_compile_options(vireon_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
