@@ -16,6 +16,7 @@ constexpr const char* kOldWorkbook =
     "The workbook was written for a spreadsheet of before 1997. Save it anew as \"Excel 97-2003\".";
 constexpr const char* kDamaged = "The workbook is damaged.";
 constexpr const char* kTooLarge = "The workbook is too large.";
+constexpr const char* kNoLibrary = "The library for workbooks, libgsf, is not installed.";
 
 const form::Grid* gridOf(const form::Form& form, std::string_view name) {
   const auto& controls = form.controls();
@@ -49,6 +50,8 @@ const char* reason(platform::UnpackError error) {
       return kOldWorkbook;
     case platform::UnpackError::kTooLarge:
       return kTooLarge;
+    case platform::UnpackError::kNoLibrary:
+      return kNoLibrary;
     case platform::UnpackError::kDamaged:
     case platform::UnpackError::kNone:
       break;
@@ -83,6 +86,19 @@ const char* reason(WorkbookWriteError error) {
     default:
       return "The list is too large for an .xls file.";
   }
+}
+
+const char* reason(platform::PackError error) {
+  switch (error) {
+    case platform::PackError::kTooLarge:
+      return reason(WorkbookWriteError::kTooLarge);
+    case platform::PackError::kNoLibrary:
+      return kNoLibrary;
+    case platform::PackError::kFailed:
+    case platform::PackError::kNone:
+      break;
+  }
+  return "The workbook could not be made.";
 }
 
 }  // namespace
@@ -150,8 +166,7 @@ bool SpreadsheetCommands::write(const form::Grid& grid, const std::string& name,
   }
   const platform::PackResult packed = compoundFiles_.pack(workbook.stream);
   if (packed.error != platform::PackError::kNone) {
-    refuse(path, packed.error == platform::PackError::kTooLarge ? reason(WorkbookWriteError::kTooLarge)
-                                                                : "The workbook could not be made.");
+    refuse(path, reason(packed.error));
     return false;
   }
   return folder_.save(name, kExtension, packed.file);

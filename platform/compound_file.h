@@ -8,8 +8,9 @@ namespace vireon::platform {
 
 enum class PackError {
   kNone,
-  kTooLarge,  // a container cannot hold so many bytes
-  kFailed,    // any other reason, e.g. no memory
+  kTooLarge,   // a container cannot hold so many bytes
+  kNoLibrary,  // what makes containers is not installed
+  kFailed,     // any other reason, e.g. no memory
 };
 
 struct PackResult {
@@ -24,6 +25,7 @@ enum class UnpackError {
   kOldWorkbook,  // a workbook of before 1997: its stream is "Book", or it needs no container
   kDamaged,      // a container that is cut off or contradicts itself
   kTooLarge,     // the workbook stream has more bytes than the limit
+  kNoLibrary,    // what reads containers is not installed
 };
 
 struct UnpackResult {

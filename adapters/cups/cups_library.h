@@ -20,8 +20,7 @@ struct CupsLibrary {
   decltype(&::cupsWriteRequestData) writeRequestData = nullptr;
   decltype(&::cupsFinishDocument) finishDocument = nullptr;
 
-  // Loads the library, which stays loaded; it is not linked, since it brings fifteen others along that every
-  // start would wait for. Nothing where it is not installed.
+  // Loads the library, which brings fifteen others along. Nothing where it is not installed.
   static std::optional<CupsLibrary> load();
 };
 

@@ -1,19 +1,25 @@
 #pragma once
 
-#include <glib-object.h>
-
 #include <array>
 #include <memory>
+
+#include "adapters/spreadsheet/gsf_library.h"
 
 namespace vireon::adapters {
 
 struct ObjectRelease {
-  void operator()(gpointer object) const { g_object_unref(object); }
+  const GsfLibrary* gsf;
+  void operator()(gpointer object) const { gsf->unref(object); }
 };
 
 // Owns one reference to a GObject, or none.
 template <typename Object>
 using ObjectPtr = std::unique_ptr<Object, ObjectRelease>;
+
+template <typename Object>
+ObjectPtr<Object> own(const GsfLibrary& gsf, Object* object) {
+  return ObjectPtr<Object>(object, ObjectRelease{&gsf});
+}
 
 // While it lives, what the library has to say of a damaged file does not reach the standard error output.
 class QuietLibrary {

@@ -141,10 +141,16 @@ TEST_F(Spreadsheet, EachFailureOfTheDiskGivesOneMessageAndOpensNothing) {
 TEST_F(Spreadsheet, AContainerThatCannotBeMadeGivesOneMessage) {
   fillList(1);
   name("mine");
-  compoundFiles.packError = platform::PackError::kFailed;
-  save();
-  EXPECT_EQ(messages.count(), 1U);
-  expectNothingWritten();
+  using Pack = platform::PackError;
+  for (const auto& [error, reason] :
+       {std::pair{Pack::kFailed, "could not be made"}, {Pack::kNoLibrary, "libgsf, is not installed"}}) {
+    compoundFiles.packError = error;
+    save();
+    ASSERT_EQ(messages.count(), 1U);
+    EXPECT_NE(messages.lastText().find(reason), std::string::npos) << reason;
+    messages.shown.clear();
+    expectNothingWritten();
+  }
 }
 
 TEST_F(Spreadsheet, ATextLongerThanTheFormatHoldsGivesOneMessage) {
@@ -194,7 +200,8 @@ TEST_F(Spreadsheet, AnUnreadableFileGivesOneMessageAndLeavesTheList) {
                                       {Unpack::kNoWorkbook, "no workbook"},
                                       {Unpack::kOldWorkbook, "before 1997"},
                                       {Unpack::kDamaged, "damaged"},
-                                      {Unpack::kTooLarge, "too large"}}) {
+                                      {Unpack::kTooLarge, "too large"},
+                                      {Unpack::kNoLibrary, "libgsf, is not installed"}}) {
     file("a.xls") = "x";
     compoundFiles.unpackError = error;
     load();

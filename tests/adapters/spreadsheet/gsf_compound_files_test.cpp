@@ -53,6 +53,18 @@ TEST(GsfCompoundFiles, SameBytesGiveTheSameContainer) {
   EXPECT_TRUE(packed(workbook) == packed(workbook));
 }
 
+TEST(GsfCompoundFiles, WithoutTheLibraryNothingIsPackedOrUnpacked) {
+  const std::string file = packed("x");
+  for (const char* const other : {"libvireon-nothing.so", "libm.so.6"}) {
+    GsfCompoundFiles compound(other);
+    const auto result = compound.pack("x");
+    EXPECT_EQ(result.error, PackError::kNoLibrary) << other;
+    EXPECT_TRUE(result.file.empty());
+    EXPECT_EQ(compound.unpack(file, kLimit).error, UnpackError::kNoLibrary) << other;
+    EXPECT_EQ(compound.unpack("no container", kLimit).error, UnpackError::kNotCompound);
+  }
+}
+
 TEST(GsfCompoundFiles, LongestStreamStillReads) {
   const std::string workbook(kLimit - kLimit / 64, 'x');
   const std::string file = packed(workbook);
