@@ -16,6 +16,8 @@ class GsfCompoundFiles final : public platform::CompoundFiles {
   GsfCompoundFiles();
   // By another file of the library; the name outlives this object.
   explicit GsfCompoundFiles(const char* library);
+  GsfCompoundFiles(const GsfCompoundFiles&) = delete;
+  GsfCompoundFiles& operator=(const GsfCompoundFiles&) = delete;
   ~GsfCompoundFiles() override;
 
   platform::PackResult pack(std::string_view workbook) override;
