@@ -4,13 +4,14 @@
 
 namespace vireon::adapters {
 
-// Whether the program's events may happen now. While a modal message is open the timers' ticks are left out;
-// while the window only paints, in the middle of an exchange, ticks and close requests wait their turn.
+// Whether the program's events may happen now. While a modal message is open the timers' ticks are left out
+// and what reaches a control is undone; while the window only paints, in the middle of an exchange, ticks and
+// close requests wait their turn.
 class ModalGate {
  public:
   bool closed() const { return open_ > 0; }
   bool paintingOnly() const { return painting_ > 0; }
-  // How many have been opened so far.
+  // Modal messages opened so far.
   std::uint64_t messages() const { return messages_; }
 
   // A modal message is open for a scope.

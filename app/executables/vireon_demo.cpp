@@ -28,9 +28,9 @@ constexpr std::array<std::pair<const char*, Model>, 4> kModels = {
 
 // What the command line asks for.
 struct Wishes {
-  std::optional<Model> model = Model::kK7310;  // none: one that does not exist
-  std::optional<QString> tour;                 // a folder, and so are
-  std::optional<QString> pictures;
+  std::optional<Model> model;       // none where there is none of that name
+  std::optional<QString> tour;      // a folder for its pictures
+  std::optional<QString> pictures;  // a folder for those of the documents
   bool untilShown = false;
   bool dark = false;
 };
