@@ -3,6 +3,7 @@ import os
 import pathlib
 import re
 import subprocess
+import time
 
 
 def _field(path: str, name: str) -> str:
@@ -49,6 +50,15 @@ def facts(build: str) -> dict[str, str]:
     }
 
 
-def busy_cores() -> float:
-    """How many cores other work keeps busy now."""
-    return os.getloadavg()[0]
+def busy_ticks(stat: str) -> int:
+    """The clock ticks that all processors spent on work, their host's other guests too; from /proc/stat's text."""
+    user, nice, system, _idle, _wait, irq, softirq, steal = map(int, stat.splitlines()[0].split()[1:9])
+    return user + nice + system + irq + softirq + steal
+
+
+def busy_cores(seconds: float = 5) -> float:
+    """How many cores other work keeps busy now; a load average would still count a build that has ended."""
+    stat = pathlib.Path("/proc/stat")
+    before = busy_ticks(stat.read_text())
+    time.sleep(seconds)
+    return (busy_ticks(stat.read_text()) - before) / os.sysconf("SC_CLK_TCK") / seconds

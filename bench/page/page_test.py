@@ -1,6 +1,7 @@
 """How figures get into the page; run by bench/report before it measures."""
 import unittest
 
+import machine
 import make
 import programs
 import template
@@ -52,6 +53,10 @@ class ReadFigureTest(unittest.TestCase):
         former = "# Page\n\n## On the kernel's USB stack\n\nOld figures.\n\n## Last\n"
         self.assertEqual(make.usb_section(former, ""), "## On the kernel's USB stack\n\nOld figures.\n")
         self.assertEqual(make.usb_section("# Page\n", "skipped"), "")
+
+    def test_what_all_processors_did_leaves_out_idling_and_waiting_for_the_disk(self) -> None:
+        stat = "cpu  100 20 30 5000 700 4 5 6 90 80\ncpu0 1 2 3 4 5 6 7 8 9 10\n"
+        self.assertEqual(machine.busy_ticks(stat), 165)
 
 
 if __name__ == "__main__":
