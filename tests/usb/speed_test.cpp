@@ -18,7 +18,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr int kRounds = 20;
+constexpr int kRounds = 60;
 constexpr int kExchanges = 20;  // of each side in a round
 constexpr std::string_view kCommand = "DRS??";
 
