@@ -13,6 +13,12 @@
 namespace vireon::tests {
 namespace {
 
+// Other programs go by that name too.
+bool isConvertOfImageMagick() {
+  return areInstalled({"convert"}) &&
+         outputOf({"convert", "-version"}).value_or("").find("ImageMagick") != std::string::npos;
+}
+
 // Other programs' view of the bitmap files, and ours of theirs.
 class SavedBitmap : public testing::Test {
  protected:
@@ -22,7 +28,7 @@ class SavedBitmap : public testing::Test {
   }
 
   void SetUp() override {
-    if (!areInstalled({"convert"})) GTEST_SKIP() << "without ImageMagick";
+    if (!isConvertOfImageMagick()) GTEST_SKIP() << "without ImageMagick";
   }
 
   std::string save(const std::string& name, const std::string& bytes) {
