@@ -54,6 +54,10 @@ class ReadFigureTest(unittest.TestCase):
         self.assertEqual(make.usb_section(former, ""), "## On the kernel's USB stack\n\nOld figures.\n")
         self.assertEqual(make.usb_section("# Page\n", "skipped"), "")
 
+
+class MachineTest(unittest.TestCase):
+    """What the page says of the machine."""
+
     def test_what_all_processors_did_leaves_out_idling_and_waiting_for_the_disk(self) -> None:
         stat = "cpu  100 20 30 5000 700 4 5 6 90 80\ncpu0 1 2 3 4 5 6 7 8 9 10\n"
         self.assertEqual(machine.busy_ticks(stat), 165)

@@ -19,7 +19,7 @@ bool isConvertOfImageMagick() {
          outputOf({"convert", "-version"}).value_or("").find("ImageMagick") != std::string::npos;
 }
 
-// Other programs' view of the bitmap files, and ours of theirs.
+// A picture whose points all differ, and a folder for its files.
 class SavedBitmap : public testing::Test {
  protected:
   SavedBitmap() : bitmap(platform::blackBitmap(37, 23)) {
@@ -27,14 +27,22 @@ class SavedBitmap : public testing::Test {
     for (std::uint32_t& pixel : bitmap.pixels) pixel = (value = value * 1103515245 + 12345) & 0xFFFFFFU;
   }
 
-  void SetUp() override {
-    if (!isConvertOfImageMagick()) GTEST_SKIP() << "without ImageMagick";
-  }
-
   std::string save(const std::string& name, const std::string& bytes) {
     const std::string path = (folder / name).string();
     EXPECT_EQ(store.replace(path, bytes), platform::FileReplace::kDone);
     return path;
+  }
+
+  platform::Bitmap bitmap;
+  TemporaryFolder folder;
+  adapters::PosixFileStore store;
+};
+
+// Another program's view of the bitmap files, and ours of its.
+class SavedBitmapElsewhere : public SavedBitmap {
+ protected:
+  void SetUp() override {
+    if (!isConvertOfImageMagick()) GTEST_SKIP() << "without ImageMagick";
   }
 
   static platform::Bitmap seenByOthers(const std::string& path) {
@@ -53,24 +61,21 @@ class SavedBitmap : public testing::Test {
     return capture::readBmp(store.read(target, capture::kLongestBmpFile).bytes).bitmap;
   }
 
-  platform::Bitmap bitmap;
   platform::Bitmap theirs;
-  TemporaryFolder folder;
-  adapters::PosixFileStore store;
 };
 
-TEST_F(SavedBitmap, IsReadByOthersWithTheSamePixels) {
+TEST_F(SavedBitmapElsewhere, IsReadByOthersWithTheSamePixels) {
   const std::string path = save("a.bmp", capture::bmpFile(bitmap));
   EXPECT_EQ(seenByOthers(path), bitmap);
   EXPECT_EQ(adapters::bitmapOf(QImage(QString::fromStdString(path))), bitmap);
 }
 
-TEST_F(SavedBitmap, SavedAsPngIsReadByOthersWithTheSamePixels) {
+TEST_F(SavedBitmapElsewhere, SavedAsPngIsReadByOthersWithTheSamePixels) {
   const std::string path = save("a.png", adapters::QtPngEncoder().encode(bitmap));
   EXPECT_EQ(seenByOthers(path), bitmap);
 }
 
-TEST_F(SavedBitmap, EachKindThatOthersWriteIsRead) {
+TEST_F(SavedBitmapElsewhere, EachKindThatOthersWriteIsRead) {
   struct Kind {
     const char* name;
     std::vector<std::string> options;
