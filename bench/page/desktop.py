@@ -69,10 +69,14 @@ class Desktop:
             return ""
         return answer.stdout if answer.returncode == 0 else ""
 
-    def window_of(self, process: int) -> str:
-        """The visible window of a process, once it has one. Raises when it gets none."""
-        found = self.tool("xdotool", "search", "--sync", "--onlyvisible", "--pid", str(process)).split()
-        if not found:
-            raise RuntimeError("a program shows no window")
+    def window_of(self, process: int, patience: float = 30) -> str:
+        """The visible window of a process, once it has one. Raises when it gets none within so many seconds."""
+        end = time.monotonic() + patience
+        found: list[str] = []
+        while not found:
+            if time.monotonic() > end:
+                raise RuntimeError("a program shows no window")
+            # The search fails when another window goes while it looks.
+            found = self.tool("xdotool", "search", "--sync", "--onlyvisible", "--pid", str(process)).split()
         self.tool("xdotool", "windowactivate", "--sync", found[-1])
         return found[-1]

@@ -1,6 +1,7 @@
 """How figures get into the page; run by bench/report before it measures."""
 import unittest
 
+import desktop
 import machine
 import make
 import programs
@@ -61,6 +62,31 @@ class MachineTest(unittest.TestCase):
     def test_what_all_processors_did_leaves_out_idling_and_waiting_for_the_disk(self) -> None:
         stat = "cpu  100 20 30 5000 700 4 5 6 90 80\ncpu0 1 2 3 4 5 6 7 8 9 10\n"
         self.assertEqual(machine.busy_ticks(stat), 165)
+
+
+class FlakyDesktop(desktop.Desktop):
+    """Its searches fail so many times; it has no screen."""
+
+    def __init__(self, failures: int) -> None:
+        super().__init__()
+        self.failures = failures
+
+    def tool(self, *command: str) -> str:
+        if "search" not in command:
+            return ""
+        self.failures -= 1
+        return "" if self.failures >= 0 else "17\n42\n"
+
+
+class WindowTest(unittest.TestCase):
+    """How a program's window is found."""
+
+    def test_a_search_that_fails_is_made_again(self) -> None:
+        self.assertEqual(FlakyDesktop(failures=3).window_of(1), "42")
+
+    def test_a_program_that_shows_no_window_is_told_of(self) -> None:
+        with self.assertRaises(RuntimeError):
+            FlakyDesktop(failures=1_000_000).window_of(1, patience=0.01)
 
 
 if __name__ == "__main__":

@@ -57,8 +57,14 @@ platform::ScreenRectangle X11Desktop::frameOf(platform::WindowHandle window) {
 }
 
 platform::WindowHandle X11Desktop::windowTitled(const std::string& title) {
-  const auto told = outputOf({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^" + title + "$"});
-  return told ? std::strtoull(told->c_str(), nullptr, 10) : platform::kNoWindow;
+  // The search fails when another window goes while it looks.
+  for (int tries = 0; tries < 20; ++tries) {
+    if (const auto told =
+            outputOf({"xdotool", "search", "--sync", "--onlyvisible", "--name", "^" + title + "$"})) {
+      return std::strtoull(told->c_str(), nullptr, 10);
+    }
+  }
+  return platform::kNoWindow;
 }
 
 void X11Desktop::activate(platform::WindowHandle window) {
