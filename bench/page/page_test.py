@@ -1,4 +1,5 @@
 """How figures get into the page; run by bench/report before it measures."""
+import math
 import unittest
 
 import desktop
@@ -67,8 +68,7 @@ class MachineTest(unittest.TestCase):
 class FlakyDesktop(desktop.Desktop):
     """Its searches fail so many times; it has no screen."""
 
-    def __init__(self, failures: int) -> None:
-        super().__init__()
+    def __init__(self, failures: float) -> None:
         self.failures = failures
 
     def tool(self, *command: str) -> str:
@@ -86,7 +86,7 @@ class WindowTest(unittest.TestCase):
 
     def test_a_program_that_shows_no_window_is_told_of(self) -> None:
         with self.assertRaises(RuntimeError):
-            FlakyDesktop(failures=1_000_000).window_of(1, patience=0.01)
+            FlakyDesktop(failures=math.inf).window_of(1, patience=0.01)
 
 
 if __name__ == "__main__":
