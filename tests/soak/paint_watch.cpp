@@ -1,6 +1,7 @@
 #include "tests/soak/paint_watch.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -58,7 +59,15 @@ std::int64_t queuedTimeOfAll() {
 
 Moment Moment::now() {
   const std::int64_t queued = queuedTime();
-  return {clockTime(CLOCK_MONOTONIC), clockTime(CLOCK_THREAD_CPUTIME_ID), queued, queuedTimeOfAll() - queued};
+  rusage use{};
+  ::getrusage(RUSAGE_THREAD, &use);
+  const std::int64_t system = std::int64_t{use.ru_stime.tv_sec} * 1'000'000'000 + use.ru_stime.tv_usec * 1000;
+  return {clockTime(CLOCK_MONOTONIC),
+          clockTime(CLOCK_THREAD_CPUTIME_ID),
+          queued,
+          queuedTimeOfAll() - queued,
+          system,
+          use.ru_minflt + use.ru_majflt};
 }
 
 class PaintWatch::Pixel : public QWidget {
@@ -113,6 +122,8 @@ void PaintWatch::painted() {
                   static_cast<double>(spent.processor) / kMillisecond,
                   static_cast<double>(spent.queued) / kMillisecond,
                   std::max(0.0, static_cast<double>(spent.others) / kMillisecond),
+                  static_cast<double>(spent.system) / kMillisecond,
+                  spent.pages,
                   actThen_ == act ? act : actThen_ + " .. " + act};
     if (gap.wall > kLongest) {
       keep(gap);
@@ -127,10 +138,10 @@ void PaintWatch::painted() {
 void PaintWatch::keep(const Gap& gap) {
   ++gaps_;
   ownGaps_ += gap.own() > kLongest ? 1U : 0U;
-  certainGaps_ += gap.processor > kLongestComputing || gap.own() > kLongestWait ? 1U : 0U;
+  heavyGaps_ += gap.processor > kLongestComputing || gap.own() > kLongestWait ? 1U : 0U;
   std::array<char, 100> text{};
-  std::snprintf(text.data(), text.size(), "gap %.0f ms: computing %.0f, not run %.0f, others %.0f", gap.wall,
-                gap.processor, gap.queued, gap.others);
+  std::snprintf(text.data(), text.size(), "gap %.0f ms: computing %.0f (%.0f), not run %.0f, others %.0f",
+                gap.wall, gap.processor, gap.system, gap.queued, gap.others);
   log_.note(text.data());
   const auto place =
       std::upper_bound(worst_.begin(), worst_.end(), gap,

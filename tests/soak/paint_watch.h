@@ -19,16 +19,18 @@ struct Moment {
   std::int64_t processor = 0;  // this thread's
   std::int64_t queued = 0;     // this thread was ready to run and the system ran another
   std::int64_t others = 0;     // the same of the process's other threads, together
+  std::int64_t system = 0;     // of the processor's: in the system's calls and for its pages
+  std::int64_t pages = 0;      // the number of pages that were not there
 
   // Of the calling thread.
   static Moment now();
   friend Moment operator-(const Moment& one, const Moment& other) {
-    return {one.wall - other.wall, one.processor - other.processor, one.queued - other.queued,
-            one.others - other.others};
+    return {one.wall - other.wall,     one.processor - other.processor, one.queued - other.queued,
+            one.others - other.others, one.system - other.system,       one.pages - other.pages};
   }
   friend Moment operator+(const Moment& one, const Moment& other) {
-    return {one.wall + other.wall, one.processor + other.processor, one.queued + other.queued,
-            one.others + other.others};
+    return {one.wall + other.wall,     one.processor + other.processor, one.queued + other.queued,
+            one.others + other.others, one.system + other.system,       one.pages + other.pages};
   }
 };
 
@@ -38,6 +40,8 @@ struct Gap {
   double processor = 0;
   double queued = 0;  // the computer's doing, and so are:
   double others = 0;  // other threads of the program, for which this one may have waited
+  double system = 0;
+  std::int64_t pages = 0;  // a count
   std::string act;
 
   // What the program is to answer for: it computed, or waited for something.
@@ -48,7 +52,7 @@ struct Gap {
 class PaintWatch {
  public:
   static constexpr double kLongest = 50;  // milliseconds
-  // So much computing or waiting in a gap is nobody else's doing, however busy the computer and its disk.
+  // So much computing or waiting in a gap is hardly another's doing, however busy the computer and its disk.
   static constexpr double kLongestComputing = 80;
   static constexpr double kLongestWait = 3000;
 
@@ -72,11 +76,11 @@ class PaintWatch {
   };
 
   std::uint64_t paints() const { return paints_; }
-  // Gaps over kLongest by the clock; those that were the program's own as far as can be told; those that were
-  // so for certain: it computed for more than kLongestComputing, or waited for more than kLongestWait.
+  // Gaps over kLongest by the clock; those that were the program's own as far as can be told; those in which
+  // it computed for more than kLongestComputing, or waited for more than kLongestWait.
   std::uint64_t gaps() const { return gaps_; }
   std::uint64_t ownGaps() const { return ownGaps_; }
-  std::uint64_t certainGaps() const { return certainGaps_; }
+  std::uint64_t heavyGaps() const { return heavyGaps_; }
   // The longest of the program's own first.
   const std::vector<Gap>& worst() const { return worst_; }
 
@@ -97,7 +101,7 @@ class PaintWatch {
   std::uint64_t paints_ = 0;
   std::uint64_t gaps_ = 0;
   std::uint64_t ownGaps_ = 0;
-  std::uint64_t certainGaps_ = 0;
+  std::uint64_t heavyGaps_ = 0;
   std::vector<Gap> worst_;
 };
 

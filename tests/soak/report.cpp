@@ -12,13 +12,14 @@ constexpr std::size_t kShownGaps = 15;
 
 void tellGaps(std::ostream& text, const PaintWatch& paints) {
   text << "Paints: " << paints.paints() << "; gaps over " << PaintWatch::kLongest << " ms: " << paints.gaps()
-       << ", the program's own: " << paints.ownGaps() << ", for certain: " << paints.certainGaps() << "\n";
+       << ", the program's own: " << paints.ownGaps() << ", heavy: " << paints.heavyGaps() << "\n";
   std::size_t shown = 0;
   for (const Gap& gap : paints.worst()) {
     if (++shown > kShownGaps) {
       break;
     }
-    text << "  " << std::lround(gap.wall) << " ms: computing " << std::lround(gap.processor) << ", not run "
+    text << "  " << std::lround(gap.wall) << " ms: computing " << std::lround(gap.processor)
+         << " (in the system " << std::lround(gap.system) << ", pages " << gap.pages << "), not run "
          << std::lround(gap.queued) << ", other threads not run " << std::lround(gap.others) << ", own "
          << std::lround(gap.own()) << ": " << gap.act << "\n";
   }
@@ -38,11 +39,6 @@ std::string reportOf(Soak& soak, const Order& order) {
   const auto unused = soak.controls.unused();
   if (order.minutes >= kLongRun && !unused.empty()) {
     soak.log.finding("controls that were never used: " + std::to_string(unused.size()));
-  }
-  // The sanitizers make everything slower.
-  if (!isSanitized() && soak.paints.certainGaps() > 0) {
-    soak.log.finding("gaps between paints that are the program's own: " +
-                     std::to_string(soak.paints.certainGaps()));
   }
   std::ostringstream text;
   text << "Seed " << order.seed << ", " << order.minutes << " minutes: " << soak.sessions << " sessions, "
