@@ -42,10 +42,13 @@ std::int64_t queuedTime() {
   return std::strtoll(end, nullptr, 10);
 }
 
-std::int64_t queuedTimeOfAll() {
+std::int64_t queuedTimeOfAll(const StallWatch& stalls) {
   std::int64_t sum = 0;
   std::error_code ignored;
   for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task", ignored)) {
+    if (stalls.owns(thread.path().filename())) {
+      continue;
+    }
     std::ifstream file(thread.path() / "schedstat");
     std::int64_t run = 0;
     std::int64_t queued = 0;
@@ -57,7 +60,7 @@ std::int64_t queuedTimeOfAll() {
 
 }  // namespace
 
-Moment Moment::now() {
+Moment PaintWatch::now() const {
   const std::int64_t queued = queuedTime();
   rusage use{};
   ::getrusage(RUSAGE_THREAD, &use);
@@ -65,7 +68,7 @@ Moment Moment::now() {
   return {clockTime(CLOCK_MONOTONIC),
           clockTime(CLOCK_THREAD_CPUTIME_ID),
           queued,
-          queuedTimeOfAll() - queued,
+          queuedTimeOfAll(stalls_) - queued,
           system,
           use.ru_minflt + use.ru_majflt};
 }
@@ -114,7 +117,7 @@ void PaintWatch::stop() {
 }
 
 void PaintWatch::painted() {
-  const Moment now = Moment::now();
+  const Moment now = this->now();
   const std::string act = log_.latest();
   if (last_.wall != 0) {
     const Moment spent = now - last_ - excused_;
@@ -122,6 +125,7 @@ void PaintWatch::painted() {
                   static_cast<double>(spent.processor) / kMillisecond,
                   static_cast<double>(spent.queued) / kMillisecond,
                   std::max(0.0, static_cast<double>(spent.others) / kMillisecond),
+                  static_cast<double>(stalls_.stalled(last_.wall, now.wall)) / kMillisecond,
                   static_cast<double>(spent.system) / kMillisecond,
                   spent.pages,
                   actThen_ == act ? act : actThen_ + " .. " + act};
@@ -138,10 +142,11 @@ void PaintWatch::painted() {
 void PaintWatch::keep(const Gap& gap) {
   ++gaps_;
   ownGaps_ += gap.own() > kLongest ? 1U : 0U;
-  heavyGaps_ += gap.processor > kLongestComputing || gap.own() > kLongestWait ? 1U : 0U;
-  std::array<char, 100> text{};
-  std::snprintf(text.data(), text.size(), "gap %.0f ms: computing %.0f (%.0f), not run %.0f, others %.0f",
-                gap.wall, gap.processor, gap.system, gap.queued, gap.others);
+  heavyGaps_ += gap.computing() > kLongestComputing || gap.own() > kLongestWait ? 1U : 0U;
+  std::array<char, 120> text{};
+  std::snprintf(text.data(), text.size(),
+                "gap %.0f ms: computing %.0f (%.0f), not run %.0f, others %.0f, stalled %.0f", gap.wall,
+                gap.processor, gap.system, gap.queued, gap.others, gap.stalled);
   log_.note(text.data());
   const auto place =
       std::upper_bound(worst_.begin(), worst_.end(), gap,

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tests/soak/act_log.h"
+#include "tests/soak/stall_watch.h"
 
 namespace vireon::soak {
 
@@ -22,8 +23,6 @@ struct Moment {
   std::int64_t system = 0;     // of the processor's: in the system's calls and for its pages
   std::int64_t pages = 0;      // the number of pages that were not there
 
-  // Of the calling thread.
-  static Moment now();
   friend Moment operator-(const Moment& one, const Moment& other) {
     return {one.wall - other.wall,     one.processor - other.processor, one.queued - other.queued,
             one.others - other.others, one.system - other.system,       one.pages - other.pages};
@@ -38,14 +37,18 @@ struct Moment {
 struct Gap {
   double wall = 0;
   double processor = 0;
-  double queued = 0;  // the computer's doing, and so are:
-  double others = 0;  // other threads of the program, for which this one may have waited
+  double queued = 0;   // the computer's doing, and so are:
+  double others = 0;   // other threads of the program, for which this one may have waited
+  double stalled = 0;  // of wall: the computer stood still; perhaps within the processor's time, too
   double system = 0;
   std::int64_t pages = 0;  // a count
   std::string act;
 
   // What the program is to answer for: it computed, or waited for something.
-  double own() const { return processor + std::max(0.0, wall - queued - processor - others); }
+  double own() const {
+    return std::max(0.0, processor + std::max(0.0, wall - queued - processor - others) - stalled);
+  }
+  double computing() const { return std::max(0.0, processor - stalled); }
 };
 
 // Wants a pixel of the window painted again and again and knows the time between two paints.
@@ -65,10 +68,10 @@ class PaintWatch {
   // The test's own work on the window's thread for a scope; it is no part of a gap.
   class OwnWork {
    public:
-    explicit OwnWork(PaintWatch& watch) : watch_(watch), start_(Moment::now()) {}
+    explicit OwnWork(PaintWatch& watch) : watch_(watch), start_(watch.now()) {}
     OwnWork(const OwnWork&) = delete;
     OwnWork& operator=(const OwnWork&) = delete;
-    ~OwnWork() { watch_.excused_ = watch_.excused_ + (Moment::now() - start_); }
+    ~OwnWork() { watch_.excused_ = watch_.excused_ + (watch_.now() - start_); }
 
    private:
     PaintWatch& watch_;
@@ -86,11 +89,14 @@ class PaintWatch {
 
  private:
   class Pixel;
+  // Of the calling thread.
+  Moment now() const;
   void painted();
   void wish();
   void keep(const Gap& gap);
 
   ActLog& log_;
+  StallWatch stalls_;
   QTimer wish_;
   QPointer<QWidget> pixel_;
   QPointer<QWidget> window_;

@@ -20,8 +20,9 @@ void tellGaps(std::ostream& text, const PaintWatch& paints) {
     }
     text << "  " << std::lround(gap.wall) << " ms: computing " << std::lround(gap.processor)
          << " (in the system " << std::lround(gap.system) << ", pages " << gap.pages << "), not run "
-         << std::lround(gap.queued) << ", other threads not run " << std::lround(gap.others) << ", own "
-         << std::lround(gap.own()) << ": " << gap.act << "\n";
+         << std::lround(gap.queued) << ", other threads not run " << std::lround(gap.others)
+         << ", computer stood still " << std::lround(gap.stalled) << ", own " << std::lround(gap.own())
+         << ": " << gap.act << "\n";
   }
 }
 
