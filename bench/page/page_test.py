@@ -1,11 +1,15 @@
 """How figures get into the page; run by bench/report before it measures."""
 import math
+import os
+import pathlib
+import tempfile
 import unittest
 
 import desktop
 import machine
 import make
 import programs
+import side_by_side
 import template
 
 
@@ -87,6 +91,38 @@ class WindowTest(unittest.TestCase):
     def test_a_program_that_shows_no_window_is_told_of(self) -> None:
         with self.assertRaises(RuntimeError):
             FlakyDesktop(failures=math.inf).window_of(1, patience=0.01)
+
+
+class StillDesktop(desktop.Desktop):
+    """A screen of which nothing but the window's number is known."""
+
+    server = os.getpid()
+
+    def __init__(self) -> None:
+        self.env = dict(os.environ)
+
+    def window_of(self, process: int, patience: float = 30) -> str:
+        return "42"
+
+
+class RunningProgramTest(unittest.TestCase):
+    """How a program is measured whose waveforms should run."""
+
+    def used(self, *paints: int) -> dict[str, float]:
+        with tempfile.TemporaryDirectory() as folder:
+            counter, told = pathlib.Path(folder) / "counter", pathlib.Path(folder) / "paints"
+            counter.write_text(f"#!/bin/sh\necho measured: paints $(head -n 1 '{told}') paints\nsed -i 1d '{told}'\n")
+            counter.chmod(0o755)
+            told.write_text("".join(f"{count}\n" for count in paints))
+            subject = side_by_side.Subject("demo", ["sleep", "60"], lambda desktop, window: None)
+            return side_by_side.use(StillDesktop(), subject, side_by_side.Times(0, 0, 0), str(counter))
+
+    def test_one_that_what_was_typed_reached_too_early_is_started_again(self) -> None:
+        self.assertEqual(self.used(0, 0, 7)["demo.paints"], 7)
+
+    def test_one_that_never_moves_is_told_of(self) -> None:
+        with self.assertRaises(RuntimeError):
+            self.used(0, 0, 0, 7)
 
 
 if __name__ == "__main__":
