@@ -101,18 +101,6 @@ QString fileName(Stage& stage, Dice& dice) {
   return QString::fromStdString((stage.folder / name.toStdString()).string());
 }
 
-// A handful of letters a step: the windows paint between those of a keyboard.
-void typeOn(Stage& stage, QWidget& line, const QString& text) {
-  constexpr qsizetype kHandful = 16;
-  for (qsizetype at = 0; at < text.size(); at += kHandful) {
-    stage.steps.emplace_back([&stage, seen = QPointer<QWidget>(&line), part = text.mid(at, kHandful)] {
-      if (seen != nullptr && seen->isVisible()) {
-        stage.hands.type(*seen, part);
-      }
-    });
-  }
-}
-
 void useFileDialog(Stage& stage, Dice& dice, QFileDialog& dialog) {
   auto* const line = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
   auto* const list = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));

@@ -13,6 +13,7 @@ namespace vireon::soak {
 namespace {
 
 constexpr int kLookingOn = 20;  // milliseconds
+constexpr std::chrono::seconds kPatience{20};
 
 struct Rare {
   const char* name;
@@ -52,13 +53,16 @@ int RandomUser::act() {
   if (stage_.program().longWork.running()) {
     return waitForWork(thought);
   }
+  workSince_.reset();
   trouble_.look();
   return useMain(thought);
 }
 
-// Mostly looks on; cancels at times, or does what must do nothing.
+// Mostly looks on; cancels at times, or does what must do nothing. A download may have no end.
 int RandomUser::waitForWork(Dice& dice) {
-  if (dice.percent(3)) {
+  const auto now = std::chrono::steady_clock::now();
+  workSince_ = workSince_.value_or(now);
+  if (dice.percent(3) || now - *workSince_ > kPatience) {
     if (auto* const cancel = stage_.window().findChild<QWidget*>(QStringLiteral("cmdCancel"));
         cancel != nullptr && cancel->isVisible()) {
       stage_.act("cancel the work");

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "tests/soak/dice.h"
@@ -28,6 +31,8 @@ class RandomUser {
   Trouble& trouble_;
   std::uint64_t drawnFor_ = 0;  // act
   std::uint64_t draws_ = 0;     // since that act
+  // Of the first look at the work that goes on.
+  std::optional<std::chrono::steady_clock::time_point> workSince_{};
 };
 
 }  // namespace vireon::soak

@@ -96,7 +96,7 @@ void useLine(Stage& stage, Dice& dice, QLineEdit& line) {
   if (dice.percent(80)) {
     later(stage, line, [&stage](QWidget& seen) { stage.hands.key(seen, Qt::Key_A, Qt::ControlModifier); });
   }
-  later(stage, line, [&stage, text](QWidget& seen) { stage.hands.type(seen, text); });
+  typeOn(stage, line, text);
   if (dice.percent(40)) {
     later(stage, line,
           [&stage](QWidget& seen) { stage.hands.key(seen, Qt::Key_Return, {}, QStringLiteral("\r")); });
@@ -139,6 +139,14 @@ void useTable(Stage& stage, Dice& dice, QTableView& table) {
 }
 
 }  // namespace
+
+void typeOn(Stage& stage, QWidget& line, const QString& text) {
+  constexpr qsizetype kHandful = 16;
+  for (qsizetype at = 0; at < text.size(); at += kHandful) {
+    later(stage, line,
+          [&stage, part = text.mid(at, kHandful)](QWidget& seen) { stage.hands.type(seen, part); });
+  }
+}
 
 std::string nameOf(const QWidget& widget) {
   return (widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className())
