@@ -13,7 +13,7 @@ namespace vireon::soak {
 namespace {
 
 constexpr int kLookingOn = 20;  // milliseconds
-constexpr std::chrono::seconds kPatience{20};
+constexpr std::chrono::seconds kLongestWork{20};
 
 struct Rare {
   const char* name;
@@ -62,7 +62,7 @@ int RandomUser::act() {
 int RandomUser::waitForWork(Dice& dice) {
   const auto now = std::chrono::steady_clock::now();
   workSince_ = workSince_.value_or(now);
-  if (dice.percent(3) || now - *workSince_ > kPatience) {
+  if (dice.percent(3) || now - *workSince_ > kLongestWork) {
     if (auto* const cancel = stage_.window().findChild<QWidget*>(QStringLiteral("cmdCancel"));
         cancel != nullptr && cancel->isVisible()) {
       stage_.act("cancel the work");
