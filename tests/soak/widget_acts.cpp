@@ -141,7 +141,7 @@ void useTable(Stage& stage, Dice& dice, QTableView& table) {
 }  // namespace
 
 void typeOn(Stage& stage, QWidget& line, const QString& text) {
-  constexpr qsizetype kHandful = 16;
+  constexpr qsizetype kHandful = 4;
   for (qsizetype at = 0; at < text.size(); at += kHandful) {
     later(stage, line,
           [&stage, part = text.mid(at, kHandful)](QWidget& seen) { stage.hands.type(seen, part); });
