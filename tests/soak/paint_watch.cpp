@@ -119,19 +119,14 @@ void PaintWatch::stop() {
 void PaintWatch::painted() {
   const Moment now = this->now();
   const std::string act = log_.latest();
-  if (last_.wall != 0) {
-    const Moment spent = now - last_ - excused_;
-    const Gap gap{static_cast<double>(spent.wall) / kMillisecond,
-                  static_cast<double>(spent.processor) / kMillisecond,
-                  static_cast<double>(spent.queued) / kMillisecond,
-                  std::max(0.0, static_cast<double>(spent.others) / kMillisecond),
-                  static_cast<double>(stalls_.stalled(last_.wall, now.wall)) / kMillisecond,
-                  static_cast<double>(spent.system) / kMillisecond,
-                  spent.pages,
-                  actThen_ == act ? act : actThen_ + " .. " + act};
-    if (gap.wall > kLongest) {
-      keep(gap);
-    }
+  const Moment spent = now - last_ - excused_;
+  if (last_.wall != 0 && static_cast<double>(spent.wall) / kMillisecond > kLongest) {
+    keep({static_cast<double>(spent.wall) / kMillisecond, static_cast<double>(spent.processor) / kMillisecond,
+          static_cast<double>(spent.queued) / kMillisecond,
+          std::max(0.0, static_cast<double>(spent.others) / kMillisecond),
+          static_cast<double>(stalls_.stalled(last_.wall, now.wall)) / kMillisecond,
+          static_cast<double>(spent.system) / kMillisecond, spent.pages,
+          actThen_ == act ? act : actThen_ + " .. " + act});
   }
   ++paints_;
   last_ = now;

@@ -41,6 +41,11 @@ std::string reportOf(Soak& soak, const Order& order) {
   if (order.minutes >= kLongRun && !unused.empty()) {
     soak.log.finding("controls that were never used: " + std::to_string(unused.size()));
   }
+  // The sanitizers make everything slower.
+  if (!isSanitized() && soak.paints.heavyGaps() > 0) {
+    soak.log.finding("gaps between paints that are the program's own: " +
+                     std::to_string(soak.paints.heavyGaps()));
+  }
   std::ostringstream text;
   text << "Seed " << order.seed << ", " << order.minutes << " minutes: " << soak.sessions << " sessions, "
        << soak.log.acts() << " acts, " << soak.rests << " rests, " << soak.faults << " faults, "

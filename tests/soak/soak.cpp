@@ -36,7 +36,6 @@ constexpr std::uint64_t kActsToRest = 120;
 constexpr int kPainting = 2;  // milliseconds until the next look while the window only paints
 constexpr int kLeaving = 10;
 constexpr std::chrono::seconds kBusy{60};
-constexpr int kReplays = 2;  // of a session with a gap
 
 // Every fifth session is long, so that what grows within one is seen.
 SessionPlan planFor(std::uint64_t seed, int session) {
@@ -246,49 +245,21 @@ Soak::Soak(const Order& order, ActLog& acts) : log(acts), files(order.folder, ac
 void Soak::run() {
   end_ = std::chrono::steady_clock::now() +
          std::chrono::milliseconds(static_cast<std::int64_t>(order_.minutes * 60'000));
-  std::vector<int> slow;
   for (int number = order_.from; !timeIsUp(); ++number) {
-    if (play(number) && !isSanitized()) {  // the sanitizers make everything slower
-      slow.push_back(number);
-    }
+    const SessionPlan plan = planFor(order_.seed, number);
+    writeSettings(order_.folder / "vireon.ini", plan);
+    files.forgetAll();
+    clearFolder(order_.folder);
+    log.beginSession(number, plan.text());
+    Session(*this, plan).run();
+    ++sessions;
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    emptyCaches(true);
+    between.add(Resources::now(log.acts()));
+    log.note("between sessions: " + between.samples().back().text());
   }
-  playAgain(slow);
   between.judge(log);
-}
-
-bool Soak::play(int number) {
-  const std::uint64_t gapsBefore = paints.heavyGaps();
-  const SessionPlan plan = planFor(order_.seed, number);
-  writeSettings(order_.folder / "vireon.ini", plan);
-  files.forgetAll();
-  clearFolder(order_.folder);
-  log.beginSession(number, plan.text());
-  Session(*this, plan).run();
-  ++sessions;
-  QApplication::processEvents();
-  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  emptyCaches(true);
-  between.add(Resources::now(log.acts()));
-  log.note("between sessions: " + between.samples().back().text());
-  return paints.heavyGaps() > gapsBefore;
-}
-
-// A computer is slow now and then, a program each time; a host of virtual machines counts its own work as
-// theirs.
-void Soak::playAgain(const std::vector<int>& numbers) {
-  end_ = std::chrono::steady_clock::time_point::max();
-  for (const int number : numbers) {
-    int again = 0;
-    while (again < kReplays && play(number)) {
-      ++again;
-    }
-    if (again == kReplays) {
-      log.finding("gaps between paints that are the program's own, whenever session " +
-                  std::to_string(number) + " is played");
-      return;
-    }
-    log.note("the gaps of session " + std::to_string(number) + " did not come again");
-  }
 }
 
 }  // namespace vireon::soak

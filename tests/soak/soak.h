@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "tests/soak/act_log.h"
 #include "tests/soak/hang_watch.h"
@@ -25,7 +24,7 @@ struct Order {
 };
 
 // One session of the program after the other, each with its own instrument, link and start, until the time is
-// up; then those again in which the program seemed to keep the window from painting.
+// up.
 class Soak {
  public:
   Soak(const Order& order, ActLog& log);
@@ -50,9 +49,6 @@ class Soak {
  private:
   class Session;
   bool timeIsUp() const { return std::chrono::steady_clock::now() >= end_; }
-  // True when the session has a heavy gap.
-  bool play(int number);
-  void playAgain(const std::vector<int>& numbers);
 
   Order order_;
   std::chrono::steady_clock::time_point end_;
